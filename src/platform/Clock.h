@@ -1,0 +1,15 @@
+// Time as the system tells it.
+#pragma once
+
+#include <cstdint>
+
+namespace ostvt::platform {
+
+// Milliseconds since the system started, modulo 2^32.
+uint32_t TickCount();
+
+// 100-nanosecond steps since 1601-01-01 UTC; 0 if the DOS fields name no moment. DOS times are
+// local times.
+uint64_t FileTimeFromDos(uint16_t dosDate, uint16_t dosTime);
+
+}  // namespace ostvt::platform

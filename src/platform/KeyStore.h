@@ -1,0 +1,48 @@
+// The hierarchical key and value store: the registry on Windows, one SQLite file per hive on Linux.
+//
+// Names keep their case and are found without regard to it. Key names have up to 255 units, value
+// names up to 260. Each call is a transaction of its own; several processes may work at once, and a
+// process that dies in the middle of a call leaves the old state or the new one.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace ostvt::platform {
+
+// Hives by the number that heads a canonical path.
+enum class Hive { kClassesRoot = 0, kCurrentUser = 1, kLocalMachine = 2, kUsers = 3 };
+
+inline constexpr uint32_t kValueString = 1;
+inline constexpr uint32_t kValueBinary = 3;
+inline constexpr uint32_t kValueDword = 4;
+inline constexpr uint32_t kValueMultiString = 7;
+
+// Room for an enumerated name, terminator included.
+inline constexpr int kNameUnits = 261;
+
+// An open key; null is none.
+using KeyHandle = void*;
+
+// `subKey`: elements separated by "\", none before the first. Opens for reading and writing, else
+// for reading; with `create`, a missing key is made together with those above it. Null on failure.
+// Close with CloseKey.
+KeyHandle OpenKey(Hive hive, const char16_t* subKey, bool create);
+void CloseKey(KeyHandle key);  // null is allowed
+
+// `name` "" is the key's default value.
+// The size written, or -1.
+int WriteValue(KeyHandle key, const char16_t* name, const void* data, int size, uint32_t type);
+// The size of the value, or -1 on any failure, a value larger than `size` among them.
+// `type` (may be null) gets the stored type.
+int ReadValue(KeyHandle key, const char16_t* name, void* buffer, int size, uint32_t* type);
+bool GetValueSize(KeyHandle key, const char16_t* name, int* size);
+// The name at `index`; false at the end. A name that does not fit kNameUnits ends the enumeration.
+bool EnumerateKey(KeyHandle key, int index, char16_t (&name)[kNameUnits]);
+bool EnumerateValue(KeyHandle key, int index, char16_t (&name)[kNameUnits]);
+bool QueryKey(KeyHandle key, int* subKeys, int* values);
+// The sub-key `name` of `parent`, which must have no sub-keys itself.
+bool DeleteKey(KeyHandle parent, const char16_t* name);
+bool DeleteValue(KeyHandle key, const char16_t* name);
+
+}  // namespace ostvt::platform
