@@ -1,0 +1,152 @@
+#include "platform/Spooler.h"
+
+#include <unistd.h>
+
+#include <string_view>
+
+#include "platform/linux/SpoolerKeys.h"
+#include "platform/linux/Utf8.h"
+
+namespace ostvt::platform {
+namespace {
+
+// A printer of this list that was found when it was opened. It may be deleted meanwhile; reads fail
+// then.
+struct OpenedPrinter {
+  PrinterPlace Place;
+  uint32_t Access;
+};
+
+const OpenedPrinter* Opened(PrinterHandle printer) {
+  return static_cast<const OpenedPrinter*>(printer);
+}
+
+constexpr uint32_t kAttributeShared = 0x8;
+constexpr uint32_t kAttributeNetwork = 0x10;
+constexpr uint32_t kAttributeLocal = 0x40;
+constexpr uint32_t kAttributeBidi = 0x800;
+// What a printer must have been opened with to be changed.
+constexpr uint32_t kAccessAdminister = 4;
+
+constexpr size_t kLongestPrinterName = 220;
+
+}  // namespace
+
+PrinterHandle OpenPrinter(const char16_t* name, uint32_t access) {
+  PrinterPlace place;
+  if (!PlaceOfPrinter(name, &place)) return nullptr;
+  OpenKeyScope key(place, false);
+  if (!key.Get() || ReadText(key.Get(), u"Name").empty()) return nullptr;
+  return new OpenedPrinter{place, access};
+}
+
+void ClosePrinter(PrinterHandle printer) { delete static_cast<OpenedPrinter*>(printer); }
+
+bool GetPrinterRecord(PrinterHandle printer, PrinterRecord* record) {
+  *record = {};
+  if (!printer) return false;
+  const PrinterPlace& place = Opened(printer)->Place;
+  OpenKeyScope scope(place, false);
+  KeyHandle key = scope.Get();
+  if (!key) return false;
+  std::u16string name = ReadText(key, u"Name");
+  if (name.empty()) return false;
+  record->Name = name;
+  record->ServerName = place.Server.empty() ? u"" : u"\\\\" + place.Server;
+  record->ShareName = ReadText(key, u"Share Name");
+  record->PortName = ReadText(key, u"Port");
+  record->DriverName = ReadText(key, u"Printer Driver");
+  record->Comment = ReadText(key, u"Description");
+  record->Location = ReadText(key, u"Location");
+  record->SepFile = ReadText(key, u"Separator File");
+  record->PrintProcessor = ReadText(key, u"Print Processor");
+  record->Datatype = ReadText(key, u"Datatype");
+  record->Parameters = ReadText(key, u"Parameters");
+  record->Attributes = ReadNumber(key, u"Attributes");
+  record->DevMode = ReadBytes(key, u"Default DevMode");
+  return true;
+}
+
+bool GetDriverRecord(PrinterHandle printer, DriverRecord* record) {
+  *record = {};
+  PrinterRecord printerRecord;
+  return GetPrinterRecord(printer, &printerRecord) &&
+         ReadDriver(printerRecord.DriverName, record);
+}
+
+bool SetPrinterDevMode(PrinterHandle printer, const void* devMode, uint32_t size) {
+  if (!printer || !devMode || size == 0 || size > kLongestValue) return false;
+  if (!(Opened(printer)->Access & kAccessAdminister)) return false;
+  OpenKeyScope key(Opened(printer)->Place, false);
+  return key.Get() && !ReadText(key.Get(), u"Name").empty() &&
+         WriteBytes(key.Get(), u"Default DevMode", devMode, size, kValueBinary);
+}
+
+bool SetPrinterData(PrinterHandle printer, const char16_t* name, uint32_t type, const void* data,
+                    uint32_t size) {
+  if (!printer || !name || (!data && size > 0) || size > kLongestValue) return false;
+  if (!(Opened(printer)->Access & kAccessAdminister)) return false;
+  PrinterPlace place = Opened(printer)->Place;
+  OpenKeyScope printerKey(place, false);
+  if (!printerKey.Get() || ReadText(printerKey.Get(), u"Name").empty()) return false;
+  place.Key += u"\\PrinterDriverData";
+  OpenKeyScope key(place, true);
+  return key.Get() && WriteBytes(key.Get(), name, data, size, type);
+}
+
+std::vector<std::u16string> EnumeratePrinters() {
+  std::vector<std::u16string> names;
+  for (const PrinterPlace& root : PrinterRoots()) {
+    for (const std::u16string& keyName : SubKeysOf(root)) {
+      PrinterPlace place = root;
+      place.Key += u"\\" + keyName;
+      OpenKeyScope key(place, false);
+      std::u16string name = key.Get() ? ReadText(key.Get(), u"Name") : std::u16string();
+      if (!name.empty()) names.push_back(name);
+    }
+  }
+  return names;
+}
+
+bool AddPrinter(const NewPrinter& printer) {
+  PrinterPlace place;
+  DriverRecord driver;
+  if (printer.Name.size() > kLongestPrinterName || !PlaceOfPrinter(printer.Name.c_str(), &place) ||
+      !ReadDriver(printer.DriverName, &driver))
+    return false;
+  OpenKeyScope scope(place, true);
+  KeyHandle key = scope.Get();
+  if (!key || !ReadText(key, u"Name").empty()) return false;
+  uint32_t attributes = place.Server.empty() ? kAttributeLocal : kAttributeNetwork;
+  if (!printer.ShareName.empty()) attributes |= kAttributeShared;
+  if (!driver.MonitorName.empty()) attributes |= kAttributeBidi;
+  // The name comes last: a key without one is no printer yet.
+  return WriteText(key, u"Share Name", printer.ShareName) &&
+         WriteText(key, u"Port", printer.PortName) &&
+         WriteText(key, u"Printer Driver", driver.Name) &&
+         WriteText(key, u"Print Processor", u"winprint") && WriteText(key, u"Datatype", u"RAW") &&
+         WriteBytes(key, u"Attributes", &attributes, sizeof attributes, kValueDword) &&
+         WriteText(key, u"Name", printer.Name);
+}
+
+bool DeletePrinter(const char16_t* name) {
+  PrinterPlace place;
+  if (!PlaceOfPrinter(name, &place)) return false;
+  {
+    OpenKeyScope key(place, false);
+    // The name goes first: whatever else may be left behind is no printer any more.
+    if (!key.Get() || ReadText(key.Get(), u"Name").empty() || !DeleteValue(key.Get(), u"Name"))
+      return false;
+  }
+  return DeleteTree(place);
+}
+
+bool AddDriver(const DriverRecord& driver) { return WriteDriver(driver); }
+
+std::u16string ComputerName() {
+  char name[256] = {};
+  if (gethostname(name, sizeof name - 1) != 0) return {};
+  return FromUtf8(name);
+}
+
+}  // namespace ostvt::platform
