@@ -49,16 +49,16 @@ class ArchiveReader {
 
   // The archive is opened at the first look-up. False if there is no such file.
   bool AddArchive(const OString& path);
-  // A file that does not end in an archive's end record is passed over. One that can't be opened, or
-  // whose directory breaks off, ends the call with false: its members so far stay, and archives
+  // A file that does not end in an archive's end record is passed over. One that can't be opened,
+  // or whose directory breaks off, ends the call with false: its members so far stay, and archives
   // behind it wait for the next call.
   bool LoadPending();
   // The first member of that name, case ignored, with its data; null if there is none or it is
   // damaged. It lives as long as the reader.
   ArchiveMember* FindMember(const OString& name);
-  // The member's data, never copied, valid as long as the reader; null as FindMember. The data of an
-  // empty member is a pointer to no bytes, and only until the next look-up of that member. `size`
-  // may be null.
+  // The member's data, never copied, valid as long as the reader; null as FindMember. The data of
+  // an empty member is a pointer to no bytes, and only until the next look-up of that member.
+  // `size` may be null.
   const uint8_t* GetMemberData(const OString& name, uint32_t* size = nullptr);
   // `names` becomes all names, in archive order.
   void GetMemberNames(OStringArray* names);

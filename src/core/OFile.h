@@ -50,8 +50,8 @@ class OFile : public OStream {
   static OString MakeTempName(const OString& prefix, uint32_t unique);
   // 0 is "normal" (128).
   static bool SetAttributes(const OString& path, uint32_t attributes);
-  // 100-nanosecond steps since 1601 UTC; each pointer may be null. GetTime is true if the file could
-  // be opened, else nothing is set. SetTime is always true; a time of 0 stays as it is.
+  // 100-nanosecond steps since 1601 UTC; each pointer may be null. GetTime is true if the file
+  // could be opened, else nothing is set. SetTime is always true; a time of 0 stays as it is.
   static bool GetTime(const OString& path, uint64_t* created, uint64_t* accessed,
                       uint64_t* written);
   static bool SetTime(const OString& path, const uint64_t* created, const uint64_t* accessed,

@@ -13,7 +13,10 @@
 // A value goes to another thread as a copy of its text, never as a copy of the OString.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+
+#include "core/OStringBody.h"
 
 namespace ostvt {
 
@@ -24,25 +27,24 @@ inline constexpr int32_t kNumberLimit = 2000000000;
 // Room of Format(), in 16-bit units, terminator included.
 inline constexpr int kFormatUnits = 4096;
 
-struct OStringBody;
-
 class OString {
  public:
   OString() = default;
   OString(const OString& other) : Body(other.Body) {
-    if (Body) AddReference();
+    if (Body) ++Body->RefCount;
   }
   OString(OString&& other) noexcept : Body(other.Body) { other.Body = nullptr; }
   OString(const char* text);
   OString(const char16_t* text);
   explicit OString(char character);
   explicit OString(char16_t character);
-  ~OString() {
-    if (Body) Release();
-  }
+  ~OString() { Drop(Body); }
 
   // Drops this value's share of the body; the string is empty afterwards.
-  void Release();
+  void Release() {
+    Drop(Body);
+    Body = nullptr;
+  }
 
   const char* GetNarrow() const;
   const char16_t* GetWide() const;
@@ -58,8 +60,21 @@ class OString {
   // The characters survive, the bytes do not: a present narrow form is made again when asked for.
   void SetCodePage(uint32_t codePage);
 
-  OString& operator=(const OString& other);
-  OString& operator=(OString&& other) noexcept;
+  // The code page of the target goes with its body.
+  OString& operator=(const OString& other) {
+    if (other.Body) ++other.Body->RefCount;
+    Drop(Body);
+    Body = other.Body;
+    return *this;
+  }
+  OString& operator=(OString&& other) noexcept {
+    if (this != &other) {
+      Drop(Body);
+      Body = other.Body;
+      other.Body = nullptr;
+    }
+    return *this;
+  }
   // The target keeps its code page.
   OString& operator=(const char* text);
   OString& operator=(const char16_t* text);
@@ -136,7 +151,24 @@ class OString {
   void IncrementNumber(bool spaced);
 
  private:
-  void AddReference() const;
+  static void Drop(OStringBody* body) {
+    if (body && --body->RefCount == 0) Destroy(body);
+  }
+  static void Destroy(OStringBody* body);
+  OStringBody* MakeUnique();
+  bool NeedsWide() const;
+  bool NeedsWide(const OString& other) const;
+
+  template <typename Unit>
+  void AssignUnits(const Unit* text, size_t count);
+  template <typename Unit>
+  void AppendUnits(const Unit* text, size_t count);
+  template <typename Unit>
+  int InsertUnits(int position, const Unit* text, size_t count);
+  template <typename Unit>
+  int ReplaceUnits(const Unit* oldText, const Unit* newText);
+  template <typename Unit>
+  void IncrementUnits(bool spaced);
 
   OStringBody* Body = nullptr;
 };

@@ -48,7 +48,7 @@ bool DeleteFile(const char16_t* path);
 // Win32 attribute bits. On Linux the only effect is that a file without bit 1 becomes writable.
 bool SetAttributes(const char16_t* path, uint32_t attributes);
 // A name in the directory for temporary files: up to three characters of `prefix`, `unique` in hex
-// (16 bits), ".TMP". With `unique` 0 a free number is taken and the empty file made. "" on failure.
+// (16 bits), ".tmp". With `unique` 0 a free number is taken and the empty file made. "" on failure.
 std::u16string MakeTempName(const char16_t* prefix, uint32_t unique);
 
 }  // namespace ostvt::platform

@@ -1,12 +1,18 @@
 // The hierarchical key and value store: the registry on Windows, one SQLite file per hive on Linux.
 //
 // Names keep their case and are found without regard to it. Key names have up to 255 units, value
-// names up to 260. Each call is a transaction of its own; several processes may work at once, and a
-// process that dies in the middle of a call leaves the old state or the new one.
+// names up to 260 (the registry itself takes longer ones, which cannot be enumerated). Each call is
+// a transaction of its own; several processes may work at once, and a process that dies in the
+// middle of a call leaves the old state or the new one. Any thread may call; a handle belongs to
+// one thread at a time. A null handle makes every call fail.
+//
+// On Linux the files are "classes_root.db", "current_user.db", "local_machine.db" and "users.db" in
+// the directory of the environment's OSTVT_STORE_DIR; where that is not set, in /var/lib/ostvt, the
+// second one in the user's data directory ($XDG_DATA_HOME/ostvt or ~/.local/share/ostvt). A damaged
+// file reads as an empty one and takes no writes.
 #pragma once
 
 #include <cstdint>
-#include <string>
 
 namespace ostvt::platform {
 
@@ -24,10 +30,13 @@ inline constexpr int kNameUnits = 261;
 // An open key; null is none.
 using KeyHandle = void*;
 
-// `subKey`: elements separated by "\", none before the first. Opens for reading and writing, else
-// for reading; with `create`, a missing key is made together with those above it. Null on failure.
-// Close with CloseKey.
+// `subKey`: elements separated by "\", none before the first and none doubled; "" is the hive's
+// root, which always exists. Opens for reading and writing, else for reading; with `create`, a
+// missing key is made together with those above it. Null on failure. Close with CloseKey.
 KeyHandle OpenKey(Hive hive, const char16_t* subKey, bool create);
+// OpenKey without `create` for one quick read: that the key is missing may come out only when the
+// operations on the handle fail. QueryKey tells.
+KeyHandle OpenKeyUnchecked(Hive hive, const char16_t* subKey);
 void CloseKey(KeyHandle key);  // null is allowed
 
 // `name` "" is the key's default value.
@@ -37,11 +46,14 @@ int WriteValue(KeyHandle key, const char16_t* name, const void* data, int size, 
 // `type` (may be null) gets the stored type.
 int ReadValue(KeyHandle key, const char16_t* name, void* buffer, int size, uint32_t* type);
 bool GetValueSize(KeyHandle key, const char16_t* name, int* size);
-// The name at `index`; false at the end. A name that does not fit kNameUnits ends the enumeration.
+// The name at `index`, in no particular order; false at the end. A name that does not fit
+// kNameUnits ends the enumeration.
 bool EnumerateKey(KeyHandle key, int index, char16_t (&name)[kNameUnits]);
 bool EnumerateValue(KeyHandle key, int index, char16_t (&name)[kNameUnits]);
+// Counts may be null. False if the key does not exist (any more).
 bool QueryKey(KeyHandle key, int* subKeys, int* values);
-// The sub-key `name` of `parent`, which must have no sub-keys itself.
+// The sub-key `name` of `parent`, with its values; it must have no sub-keys itself. "" deletes
+// nothing.
 bool DeleteKey(KeyHandle parent, const char16_t* name);
 bool DeleteValue(KeyHandle key, const char16_t* name);
 

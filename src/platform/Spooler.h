@@ -57,11 +57,12 @@ struct DriverRecord {
   std::u16string Provider;
 };
 
-// False leaves the record empty. The driver is asked at level 6, then 3.
+// False, as for a null printer, leaves the record empty. The driver is asked at level 6, then 3.
 bool GetPrinterRecord(PrinterHandle printer, PrinterRecord* record);
 bool GetDriverRecord(PrinterHandle printer, DriverRecord* record);
 
-// Replaces the printer's default device mode and keeps the rest of its record.
+// Replaces the printer's default device mode and keeps the rest of its record. False when the
+// block's own header names more than `size` bytes, or the printer was opened for use only.
 bool SetPrinterDevMode(PrinterHandle printer, const void* devMode, uint32_t size);
 bool SetPrinterData(PrinterHandle printer, const char16_t* name, uint32_t type, const void* data,
                     uint32_t size);

@@ -6,8 +6,8 @@
 // literal "/", ":" or "%" inside an element is doubled, or written "%2F", "%3A", "%25"; any other
 // "%xy" is decoded too. A path without ":" behind its first character hangs from Root.
 //
-// Each call opens its key, does one thing and closes the key again; nothing is cached. Reads degrade
-// to the caller's default; writes say only whether they worked. One thread at a time.
+// Each call opens its key, does one thing and closes the key again; nothing is cached. Reads
+// degrade to the caller's default; writes say only whether they worked. One thread at a time.
 #pragma once
 
 #include <cstdint>
@@ -27,7 +27,8 @@ class ORegistry {
   // Rewrites a key path in place to the canonical form: a hive number, then escaped elements.
   virtual void ResolvePath(OString* path) const;
   // Null on failure; the caller closes it with platform::CloseKey. Without rights to write, the key
-  // is opened for reading; a write to it then fails. `create` makes missing keys.
+  // is opened for reading; a write to it then fails. `create` makes missing keys; without it, that
+  // the key is missing may come out only in the first operation on the handle.
   virtual platform::KeyHandle OpenKey(const OString& canonicalPath, bool create) const;
 
   // None of these touches the store.
@@ -38,8 +39,8 @@ class ORegistry {
   static OString FromDisplayForm(const OString& display);
   // The display form of a path taken whole as a key; empty when it names none.
   OString ToFullPath(const OString& path) const;
-  // An alias ("X:") is replaced at the head of `path`, without regard to case; a text without ":" is
-  // a macro and is replaced wherever it stands, by exact case.
+  // An alias ("X:") is replaced at the head of `path`, without regard to case; a text without ":"
+  // is a macro and is replaced wherever it stands, by exact case.
   static void SubstitutePrefix(OString* path, const OString& alias, const OString& target);
   // On entry a copy of Root and a caller's path; on success the canonical key path and the decoded
   // name of the value. An empty `valuePath` means that `keyPath` is a key path as a whole. False if
@@ -77,8 +78,8 @@ class ORegistry {
   bool GetKeyInfo(const OString& path, int32_t* subKeys, int32_t* values) const;
   // In bytes; -1 if the value is absent.
   int32_t GetValueSize(const OString& path) const;
-  // The sorted names below a key path taken whole, without Root. The count, or -1 with `array` as it
-  // was if there is no such key.
+  // The sorted names below a key path taken whole, without Root. The count, or -1 with `array` as
+  // it was if there is no such key.
   int32_t EnumerateKeys(const OString& keyPath, OStringArray* array) const;
   int32_t EnumerateValues(const OString& keyPath, OStringArray* array) const;
   // "*" and "?" in the last element select among the names of the key above; a pattern without them
@@ -88,12 +89,23 @@ class ORegistry {
   // Deletes the key that the path names, or if there is none, the value. A key with sub-keys goes
   // only when `recursive`. The root of a hive is never deleted.
   bool Delete(const OString& path, bool recursive);
-  // "*" and "?" in the last element select keys and values, which go with all below them; the result
-  // is then true whatever happened. Otherwise a recursive Delete.
+  // "*" and "?" in the last element select keys and values, which go with all below them; the
+  // result is then true whatever happened. Otherwise a recursive Delete.
   bool DeleteMatching(const OString& pattern);
 
   // What relative paths hang from.
   OString Root;
+
+ private:
+  // A caller's path taken whole as a key, Root applying: its canonical form. False as SplitPath.
+  bool SplitKeyPath(const OString& path, OString* key) const;
+  // These take canonical paths and expand nothing in them.
+  using Enumerator = bool (*)(platform::KeyHandle, int, char16_t (&)[platform::kNameUnits]);
+  int32_t ListNames(const OString& key, Enumerator next, OStringArray* array) const;
+  int32_t FindNames(const OString& pattern, Enumerator next, OStringArray* array) const;
+  bool KeyExists(const OString& key) const;
+  bool DeleteKey(OString key, bool recursive);
+  bool DeleteValue(const OString& key, const OString& name);
 };
 
 }  // namespace ostvt

@@ -58,6 +58,8 @@ class PrinterId {
   OString GetPrinterName();
   const PrinterFields& Printer();
   const DriverFields& Driver();
+  // The spooler gave the printer's record; otherwise its fields are empty.
+  bool IsKnown();
   // Characters 3 and 4 (from 0) of the data file's name, lower case: the maker code.
   OString GetOemCode();
   // The first three characters of the data file's name, lower case.
@@ -66,11 +68,18 @@ class PrinterId {
  private:
   void LoadPrinter();
   void LoadDriver();
+  void FillBothByName();
+  // Null is allowed and leaves the fields empty.
+  void FillPrinter(platform::PrinterHandle printer);
+  void FillDriver(platform::PrinterHandle printer);
+  // Decides ServerName, IsRemote and, for a port on a server, ShareName.
+  void SetServer(const OString& spoolerServer);
 
   platform::PrinterHandle Handle = nullptr;
   OString GivenName;
   OString FullName;
   bool PrinterLoaded = false;
+  bool Known = false;
   bool DriverLoaded = false;
   PrinterFields PrinterData;
   DriverFields DriverData;

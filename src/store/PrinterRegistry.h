@@ -1,8 +1,8 @@
 // The store as one printer sees it: aliases and macros for where its data lives, and the shadow
 // route, which moves the keys of a remote printer below the driver's own key.
 //
-// Macro values and the shadow setting are taken once, when the object is made. A printer that cannot
-// be looked up leaves them empty; nothing fails. One thread at a time.
+// Macro values and the shadow setting are taken once, when the object is made. A printer that
+// cannot be looked up leaves them empty; nothing fails. One thread at a time.
 #pragma once
 
 #include "core/OString.h"
@@ -24,9 +24,11 @@ class PrinterRegistry : public ORegistry {
   bool IsBidiEnabled() const;
   // Turns the shadow route on or off for this object.
   void SetShadowed(bool shadowed) { IsShadowed = shadowed; }
-  // The branches that together hold the printer's configuration, each as an alias path of this class.
+  // The branches that together hold the printer's configuration, each as an alias path of this
+  // class.
   void ListBranchRoots(OStringArray* array) const;
-  // In section headers ("[KEY...", "[-KEY..."): `alias` ("DATA:") to its full display path, and back.
+  // In section headers ("[KEY...", "[-KEY..."): `alias` ("DATA:") to its full display path, and
+  // back.
   void ExpandAliasInLines(const OString& alias, OStringArray* lines) const;
   void CollapseAliasInLines(const OString& alias, OStringArray* lines) const;
 

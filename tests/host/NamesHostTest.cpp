@@ -20,7 +20,8 @@ TEST_P(NamesHost, PrinterAnswersUnderItsName) {
   size_t length = wcsnlen(mode->dmDeviceName, 32);
   ASSERT_LT(length, 32u);
   EXPECT_EQ(std::wstring(mode->dmDeviceName), printer.Name().substr(0, length));
-  if (length > 0) EXPECT_FALSE(IS_HIGH_SURROGATE(mode->dmDeviceName[length - 1]));
+  ASSERT_GT(length, 0u);
+  EXPECT_FALSE(IS_HIGH_SURROGATE(mode->dmDeviceName[length - 1]));
   EXPECT_EQ(Capability(printer.Name(), DC_SIZE), kPublicSize);
 }
 

@@ -1,6 +1,8 @@
 // A printer in the spooler at hand, for one test: on Linux in a store of its own in a temporary
 // directory (which also keeps the test's settings apart), on Windows in the real spooler of the
-// Wine prefix, with its keys removed at both ends of the test.
+// Wine prefix, with its keys removed at both ends of the test. There one program at a time has test
+// printers. A second one made while a first lives shares the first one's store and must go before
+// it.
 #pragma once
 
 #include <string>
@@ -14,7 +16,9 @@ struct TestPrinterOptions {
   std::u16string DriverName = u"Ostrel Test";
   std::u16string Port = u"FILE:";
   std::u16string DataFile = u"ostvt.dat";  // characters 0 to 2 the family, 3 and 4 the maker
-  std::u16string DriverDirectory;          // where the archives lie; empty: a temporary directory
+  // Where the archives lie; empty: a directory without any. On Windows the archives are copied from
+  // here to the spooler's directory of drivers.
+  std::u16string DriverDirectory;
 };
 
 class TestPrinter {
@@ -33,7 +37,9 @@ class TestPrinter {
  private:
   TestPrinterOptions Options;
   std::u16string Directory;
-  std::string StoreDirectory;
+  std::string StoreDirectory;  // Linux only
+  bool HoldsSpooler = false;   // Windows only, as the next
+  bool DataFileIsOurs = false;
   bool Ready = false;
 };
 

@@ -36,8 +36,7 @@ std::u16string ModuleDirectory() {
     Dl_info info;
     if (!dladdr(reinterpret_cast<void*>(&InThisModule), &info) || !info.dli_fname) return {};
     directory = RealPath(info.dli_fname);
-    directory.resize(directory.find_last_of('/') == std::string::npos ? 0
-                                                                      : directory.rfind('/'));
+    directory.resize(directory.find_last_of('/') == std::string::npos ? 0 : directory.rfind('/'));
   }
   std::u16string wide = FromUtf8(directory);
   if (wide.size() > kPathUnits) wide.resize(kPathUnits);

@@ -51,8 +51,8 @@ int WaitFor(pid_t child) {
 
 }  // namespace
 
-// The program is a child of a child that ends at once, so that init reaps it and not we. A pipe that
-// closes when the program starts tells whether it did.
+// The program is a child of a child that ends at once, so that init reaps it and not we. A pipe
+// that closes when the program starts tells whether it did.
 bool StartProgram(const char16_t* commandLine, int) {
   if (!commandLine) return false;
   std::vector<std::string> arguments = SplitCommandLine(ToUtf8(commandLine));

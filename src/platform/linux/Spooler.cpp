@@ -2,7 +2,7 @@
 
 #include <unistd.h>
 
-#include <string_view>
+#include <cstring>
 
 #include "platform/linux/SpoolerKeys.h"
 #include "platform/linux/Utf8.h"
@@ -29,6 +29,19 @@ constexpr uint32_t kAttributeBidi = 0x800;
 constexpr uint32_t kAccessAdminister = 4;
 
 constexpr size_t kLongestPrinterName = 220;
+
+// Where a device mode names its own length: public part, then what the driver put behind it.
+constexpr size_t kDevModeSizeOffset = 68;
+constexpr size_t kDevModeExtraOffset = 70;
+constexpr uint32_t kDevModeHeader = 72;
+
+bool FitsItsHeader(const void* devMode, uint32_t size) {
+  if (size < kDevModeHeader || size > kLongestValue) return false;
+  uint16_t named[2];
+  static_assert(kDevModeExtraOffset == kDevModeSizeOffset + sizeof named[0]);
+  memcpy(named, static_cast<const uint8_t*>(devMode) + kDevModeSizeOffset, sizeof named);
+  return uint32_t{named[0]} + named[1] <= size;
+}
 
 }  // namespace
 
@@ -70,12 +83,11 @@ bool GetPrinterRecord(PrinterHandle printer, PrinterRecord* record) {
 bool GetDriverRecord(PrinterHandle printer, DriverRecord* record) {
   *record = {};
   PrinterRecord printerRecord;
-  return GetPrinterRecord(printer, &printerRecord) &&
-         ReadDriver(printerRecord.DriverName, record);
+  return GetPrinterRecord(printer, &printerRecord) && ReadDriver(printerRecord.DriverName, record);
 }
 
 bool SetPrinterDevMode(PrinterHandle printer, const void* devMode, uint32_t size) {
-  if (!printer || !devMode || size == 0 || size > kLongestValue) return false;
+  if (!printer || !devMode || !FitsItsHeader(devMode, size)) return false;
   if (!(Opened(printer)->Access & kAccessAdminister)) return false;
   OpenKeyScope key(Opened(printer)->Place, false);
   return key.Get() && !ReadText(key.Get(), u"Name").empty() &&

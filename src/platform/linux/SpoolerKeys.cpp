@@ -91,7 +91,7 @@ std::vector<uint8_t> ReadBytes(KeyHandle key, const char16_t* name) {
 std::vector<std::u16string> ReadTexts(KeyHandle key, const char16_t* name) {
   std::vector<uint8_t> bytes = ReadBytes(key, name);
   std::u16string all(bytes.size() / 2, u'\0');
-  memcpy(all.data(), bytes.data(), all.size() * 2);
+  if (!all.empty()) memcpy(all.data(), bytes.data(), all.size() * 2);
   std::vector<std::u16string> texts;
   for (size_t start = 0; start < all.size();) {
     size_t end = std::min(all.find(u'\0', start), all.size());

@@ -17,7 +17,8 @@ inline constexpr uint32_t kLongestValue = 1 << 20;
 struct PrinterPlace {
   Hive Root = Hive::kLocalMachine;
   std::u16string Key;
-  std::u16string Server;  // of a connection, without leading "\\"; empty for a printer of this machine
+  std::u16string
+      Server;  // of a connection, without leading "\\"; empty for a printer of this machine
 };
 
 // An open key for the length of a block.

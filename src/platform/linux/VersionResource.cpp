@@ -14,18 +14,12 @@ struct Entry {
 };
 
 constexpr Entry kEntries[] = {
-    {"CompanyName", OSTVT_COMPANY_NAME},
-    {"FileDescription", OSTVT_FILE_DESCRIPTION},
-    {"FileVersion", OSTVT_VERSION_TEXT},
-    {"InternalName", OSTVT_INTERNAL_NAME},
-    {"LegalCopyright", OSTVT_LEGAL_COPYRIGHT},
-    {"OriginalFilename", "libostvt.so"},
-    {"ProductName", OSTVT_PRODUCT_NAME},
-    {"ProductVersion", OSTVT_VERSION_TEXT},
-    {"Product Tag", OSTVT_PRODUCT_TAG},
-    {"Build Date", OSTVT_BUILD_DATE},
-    {"SCM Branch", OSTVT_SCM_BRANCH},
-    {"SCM Revision", OSTVT_SCM_REVISION},
+    {"CompanyName", OSTVT_COMPANY_NAME},       {"FileDescription", OSTVT_FILE_DESCRIPTION},
+    {"FileVersion", OSTVT_VERSION_TEXT},       {"InternalName", OSTVT_INTERNAL_NAME},
+    {"LegalCopyright", OSTVT_LEGAL_COPYRIGHT}, {"OriginalFilename", "libostvt.so"},
+    {"ProductName", OSTVT_PRODUCT_NAME},       {"ProductVersion", OSTVT_VERSION_TEXT},
+    {"Product Tag", OSTVT_PRODUCT_TAG},        {"Build Date", OSTVT_BUILD_DATE},
+    {"SCM Branch", OSTVT_SCM_BRANCH},          {"SCM Revision", OSTVT_SCM_REVISION},
 };
 
 }  // namespace

@@ -24,9 +24,9 @@ FileHandle OpenFile(const char16_t* path, bool write, uint32_t share, bool creat
   DWORD shared = 0;
   if (share & kShareRead) shared |= FILE_SHARE_READ;
   if (share & kShareWrite) shared |= FILE_SHARE_WRITE;
-  const HANDLE file = CreateFileW(AsWide(path), access, shared, nullptr,
-                                  create ? OPEN_ALWAYS : OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL,
-                                  nullptr);
+  const HANDLE file =
+      CreateFileW(AsWide(path), access, shared, nullptr, create ? OPEN_ALWAYS : OPEN_EXISTING,
+                  FILE_ATTRIBUTE_NORMAL, nullptr);
   return file == INVALID_HANDLE_VALUE ? nullptr : file;
 }
 
@@ -88,7 +88,8 @@ std::u16string MakeTempName(const char16_t* prefix, uint32_t unique) {
   wchar_t directory[MAX_PATH], name[MAX_PATH];
   const DWORD length = GetTempPathW(MAX_PATH, directory);
   if (length == 0 || length >= MAX_PATH) return {};
-  if (GetTempFileNameW(directory, AsWide(prefix), unique, name) == 0) return {};
+  const wchar_t* start = prefix == nullptr ? L"" : AsWide(prefix);
+  if (GetTempFileNameW(directory, start, unique, name) == 0) return {};
   return AsUnits(name);
 }
 

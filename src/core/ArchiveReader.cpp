@@ -1,0 +1,215 @@
+#include "core/ArchiveReader.h"
+
+#include "core/LZ77.h"
+#include "core/Memory.h"
+#include "core/OFile.h"
+#include "platform/Clock.h"
+
+namespace ostvt {
+namespace {
+
+using platform::FileOrigin;
+
+// The parts of a zip file that are read, by their offsets; all numbers are little-endian.
+constexpr uint32_t kEndSize = 22;
+constexpr uint32_t kEndSignature = 0x06054B50;
+constexpr uint32_t kEndEntries = 10;
+constexpr uint32_t kEndDirectory = 16;
+
+constexpr uint32_t kCentralSize = 46;
+constexpr uint32_t kCentralSignature = 0x02014B50;
+constexpr uint32_t kCentralNameLength = 28;
+constexpr uint32_t kCentralLocalHeader = 42;
+
+constexpr uint32_t kLocalSize = 30;
+constexpr uint32_t kLocalSignature = 0x04034B50;
+constexpr uint32_t kLocalTime = 10;
+constexpr uint32_t kLocalDate = 12;
+constexpr uint32_t kLocalPackedSize = 18;
+constexpr uint32_t kLocalPlainSize = 22;
+constexpr uint32_t kLocalNameLength = 26;
+
+// Definitions, pictures and language modules are far smaller; a damaged size must not take a
+// spooler's memory.
+constexpr uint32_t kLargestMember = 256u << 20;
+
+constexpr uint32_t kAttributeTemporary = 256;
+
+uint16_t WordAt(const uint8_t* record, uint32_t offset) {
+  return static_cast<uint16_t>(record[offset] | record[offset + 1] << 8);
+}
+uint32_t DwordAt(const uint8_t* record, uint32_t offset) {
+  return WordAt(record, offset) | static_cast<uint32_t>(WordAt(record, offset + 2)) << 16;
+}
+
+bool ReadRecord(OFile& file, uint8_t* record, uint32_t size, uint32_t signature) {
+  return file.Read(record, size) == size && DwordAt(record, 0) == signature;
+}
+
+uint8_t* AllocBytes(uint64_t size) {
+  return static_cast<uint8_t*>(AllocCounted(static_cast<size_t>(size)));
+}
+
+// A body of its own, for what passes between the reader and a session.
+OString CopyOfText(const OString& text) { return OString(text.GetWide()); }
+
+OString NameIn(const ArchiveMember& member) {
+  OString name;
+  name.AssignCount(reinterpret_cast<const char*>(member.CentralRecord) + kCentralSize,
+                   static_cast<int>(member.CentralRecordSize - kCentralSize));
+  return name;
+}
+
+}  // namespace
+
+ArchiveMember::~ArchiveMember() {
+  FreeCounted(Data);
+  FreeCounted(LocalRecord);
+  FreeCounted(CentralRecord);
+}
+
+ArchiveReader::~ArchiveReader() {
+  for (int32_t i = 0; i < Members.Count; ++i) delete static_cast<ArchiveMember*>(Members[i]);
+}
+
+bool ArchiveReader::AddArchive(const OString& path) {
+  if (!OFile::FileExists(path)) return false;
+  PendingPaths.Add(CopyOfText(path));
+  return true;
+}
+
+bool ArchiveReader::LoadPending() {
+  while (PendingPaths.Count > 0) {
+    CurrentPath = PendingPaths[0];
+    PendingPaths.RemoveAt(0);
+    OFile file(CurrentPath, kFileShareRead);
+    if (!file.IsOpen() || !LoadDirectory(file)) return false;
+  }
+  return true;
+}
+
+bool ArchiveReader::LoadDirectory(OFile& file) {
+  uint8_t end[kEndSize];
+  file.Seek(-static_cast<int64_t>(kEndSize), FileOrigin::kEnd);
+  if (!ReadRecord(file, end, kEndSize, kEndSignature)) return true;
+  const uint32_t size = file.GetSize();
+  uint32_t position = file.Seek(DwordAt(end, kEndDirectory), FileOrigin::kBegin);
+  for (uint32_t entries = WordAt(end, kEndEntries); entries > 0; --entries) {
+    uint8_t central[kCentralSize];
+    if (!ReadRecord(file, central, kCentralSize, kCentralSignature)) return false;
+    position += kCentralSize;
+    const uint32_t nameLength = WordAt(central, kCentralNameLength);
+    if (nameLength > size - position) return false;
+    position += nameLength;
+
+    ArchiveMember* member = new ArchiveMember;
+    member->CentralRecordSize = kCentralSize + nameLength;
+    member->CentralRecord = AllocBytes(member->CentralRecordSize);
+    CopyBytes(member->CentralRecord, central, kCentralSize);
+    if (file.Read(member->CentralRecord + kCentralSize, nameLength) != nameLength) {
+      delete member;
+      return false;
+    }
+    member->Name = NameIn(*member);
+    member->ArchivePath = CurrentPath;
+    Members.Add(member);
+  }
+  return true;
+}
+
+ArchiveMember* ArchiveReader::FindMember(const OString& name) {
+  platform::LockGuard guard(Lock);
+  LoadPending();
+  for (int32_t i = 0; i < Members.Count; ++i) {
+    ArchiveMember* member = static_cast<ArchiveMember*>(Members[i]);
+    if (member->Name.CompareNoCase(name) != 0) continue;
+    if (member->DataSize > 0) return member;
+    if (member->LocalRecord == nullptr && !LoadLocalRecord(member)) return nullptr;
+    return Expand(member) ? member : nullptr;
+  }
+  return nullptr;
+}
+
+bool ArchiveReader::LoadLocalRecord(ArchiveMember* member) {
+  OFile file(member->ArchivePath, kFileShareRead);
+  const uint32_t fileSize = file.GetSize();
+  const uint32_t start = DwordAt(member->CentralRecord, kCentralLocalHeader);
+  uint8_t local[kLocalSize];
+  file.Seek(start, FileOrigin::kBegin);
+  if (start > fileSize || !ReadRecord(file, local, kLocalSize, kLocalSignature)) return false;
+
+  const uint32_t packedSize = DwordAt(local, kLocalPackedSize);
+  const uint32_t plainSize = DwordAt(local, kLocalPlainSize);
+  const uint64_t size =
+      static_cast<uint64_t>(kLocalSize) + WordAt(local, kLocalNameLength) + packedSize;
+  if (size > fileSize - start) return false;
+  if (plainSize > kLargestMember || !LZ77::IsPlausibleSize(plainSize, packedSize)) return false;
+
+  uint8_t* record = AllocBytes(size);
+  CopyBytes(record, local, kLocalSize);
+  const uint32_t rest = static_cast<uint32_t>(size) - kLocalSize;
+  if (file.Read(record + kLocalSize, rest) != rest) {
+    FreeCounted(record);
+    return false;
+  }
+  member->LocalRecord = record;
+  member->LocalRecordSize = static_cast<uint32_t>(size);
+  member->Time = platform::FileTimeFromDos(WordAt(local, kLocalDate), WordAt(local, kLocalTime));
+  return true;
+}
+
+// DataSize is set last: a member that can't be expanded stays without data, however often it is
+// asked for.
+bool ArchiveReader::Expand(ArchiveMember* member) {
+  const uint8_t* local = member->LocalRecord;
+  const uint8_t* packed = local + kLocalSize + WordAt(local, kLocalNameLength);
+  uint32_t plainSize = DwordAt(local, kLocalPlainSize);
+  uint8_t* data = AllocBytes(plainSize);
+  if (!LZ77::RawDecode(packed, DwordAt(local, kLocalPackedSize), data, &plainSize)) {
+    FreeCounted(data);
+    return false;
+  }
+  FreeCounted(member->Data);
+  member->Data = data;
+  if (plainSize > 0) member->DataSize = plainSize;
+  return true;
+}
+
+const uint8_t* ArchiveReader::GetMemberData(const OString& name, uint32_t* size) {
+  platform::LockGuard guard(Lock);
+  const ArchiveMember* member = FindMember(name);
+  if (size != nullptr) *size = member != nullptr ? member->DataSize : 0;
+  return member != nullptr ? member->Data : nullptr;
+}
+
+void ArchiveReader::GetMemberNames(OStringArray* names) {
+  LoadPending();
+  names->SetSize(0);
+  // Made anew from the record's bytes: `Name` may be gaining its wide form in another thread.
+  for (int32_t i = 0; i < Members.Count; ++i) {
+    names->Add(NameIn(*static_cast<ArchiveMember*>(Members[i])));
+  }
+}
+
+bool ArchiveReader::ExtractMember(const OString& name, const OString& targetPath, uint32_t flags) {
+  const ArchiveMember* member = FindMember(name);
+  if (member == nullptr) return false;
+  uint64_t written = 0;
+  if ((flags & kExtractIfNewer) && OFile::GetTime(targetPath, nullptr, nullptr, &written) &&
+      member->Time <= written) {
+    return true;
+  }
+  if (flags & kExtractClearAttributes) OFile::SetAttributes(targetPath, 0);
+  OFile target(targetPath, kFileWrite | kFileCreate);
+  if (!target.IsOpen()) return false;
+  // A target that is cut off must not get the member's time, which would make it look current.
+  if (member->DataSize > 0 && target.RawWrite(member->Data, member->DataSize) != member->DataSize) {
+    return false;
+  }
+  target.Close();
+  if (flags & kExtractTemporary) OFile::SetAttributes(targetPath, kAttributeTemporary);
+  OFile::SetTime(targetPath, &member->Time, &member->Time, &member->Time);
+  return true;
+}
+
+}  // namespace ostvt

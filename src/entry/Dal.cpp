@@ -1,0 +1,85 @@
+#include "entry/Exports.h"
+#include "entry/PrinterAction.h"
+#include "settings/DriverSession.h"
+
+namespace ostvt {
+namespace {
+
+// The actions that clients may call; those above are the pages' own.
+constexpr int32_t kFirstAction = 1;
+constexpr int32_t kLastAction = 13;
+// The flags of an action that clients see: it exists, it opens a dialog.
+constexpr uint32_t kVisibleActionFlags = 3;
+
+constexpr uint32_t kNullSessionFlags = 0xFFFFFFFE;
+constexpr int32_t kNullSession = -2;
+constexpr int32_t kNoStock = -1;
+constexpr int32_t kStockRecordSize = 156;
+
+bool IsClientAction(int32_t action) { return action >= kFirstAction && action <= kLastAction; }
+
+DriverSession* AsSession(void* session) { return static_cast<DriverSession*>(session); }
+
+}  // namespace
+}  // namespace ostvt
+
+using namespace ostvt;
+
+void* OSTVT_API DAL_Printer_Open(void* printer) {
+  DriverSession* session = CreateDriverSession();
+  if (session) session->Initialize(printer, nullptr, 0);
+  return session;
+}
+
+void OSTVT_API DAL_Printer_Close(void* session) { delete AsSession(session); }
+
+int32_t OSTVT_API DAL_Printer_Action(void* session, int32_t action) {
+  return DAL_Printer_ActionUI(session, nullptr, action);
+}
+
+int32_t OSTVT_API DAL_Printer_ActionUI(void* session, void* parent, int32_t action) {
+  if (!session || !IsClientAction(action)) return 0;
+  return RunAction(AsSession(session), parent, action);
+}
+
+uint32_t OSTVT_API DAL_Printer_ActionFlag(void* session, int32_t action) {
+  if (!session) return kNullSessionFlags;
+  if (!IsClientAction(action)) return 0;
+  ActionContext context{AsSession(session), nullptr};
+  return AsSession(session)->GetActionFlags(&context, action) & kVisibleActionFlags;
+}
+
+void OSTVT_API DAL_Settings_Load(void* session) {
+  if (session) AsSession(session)->Reload();
+}
+
+void OSTVT_API DAL_Settings_Save(void* session) {
+  if (session) AsSession(session)->Save();
+}
+
+// A session has no port of its own to send to, and no lists that a settings file could hold: files
+// are neither read nor written.
+void OSTVT_API DAL_Printer_SendFile(void*, const char16_t*) {}
+void OSTVT_API DAL_Settings_Export(void*, const char16_t*, uint32_t) {}
+void OSTVT_API DAL_Settings_Import(void*, const char16_t*, uint32_t) {}
+void OSTVT_API DAL_Settings_Reset(void*, uint32_t) {}
+
+// A session's list of stock is empty.
+int32_t OSTVT_API DAL_Stock_Enumerate(void* session, int32_t, void*, int32_t size) {
+  if (!session) return kNullSession;
+  return size == 0 ? kStockRecordSize : kNoStock;
+}
+
+int32_t OSTVT_API DAL_Stock_EnumerateName(void* session, const char16_t*, void*, int32_t size) {
+  if (!session) return kNullSession;
+  return size == 0 ? kStockRecordSize : kNoStock;
+}
+
+int32_t OSTVT_API DAL_Stock_EnumerateUpdate(void* session, void* record) {
+  if (!session) return kNullSession;
+  return record ? 0 : kNoStock;
+}
+
+int32_t OSTVT_API DAL_Stock_Add(void*, const char16_t*) { return 0; }
+int32_t OSTVT_API DAL_Stock_Remove(void*, int32_t) { return 0; }
+int32_t OSTVT_API DAL_Stock_RemoveName(void*, const char16_t*) { return 0; }

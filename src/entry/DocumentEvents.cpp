@@ -1,0 +1,54 @@
+#include <cstring>
+
+#include "entry/Exports.h"
+#include "platform/PrintContext.h"
+
+namespace ostvt {
+namespace {
+
+enum DocumentEvent : int32_t {
+  kCreateDcPre = 1,
+  kCreateDcPost = 2,
+  kStartDoc = 5,
+  kEndDocPost = 12,
+};
+
+// Escapes to the rendering half.
+constexpr int kEscapeContextCreated = 19902;
+constexpr int kEscapeJobStarts = 15041;
+
+// The platform passes the address of a pointer to the job's record, which states its own size.
+bool PrintsToFile(const void* input, uint32_t sizeIn) {
+  const DocInfo* info = nullptr;
+  if (!input || sizeIn < sizeof info) return false;
+  memcpy(&info, input, sizeof info);
+  constexpr int32_t needed = offsetof(DocInfo, lpszOutput) + sizeof info->lpszOutput;
+  return info && info->cbSize >= needed && info->lpszOutput;
+}
+
+}  // namespace
+}  // namespace ostvt
+
+int32_t OSTVT_API DrvDocumentEvent(void*, void* dc, int32_t escape, uint32_t sizeIn, void* input,
+                                   uint32_t, void*) {
+  using namespace ostvt;
+  switch (escape) {
+    case kCreateDcPre:
+    case kEndDocPost:
+      return 1;
+    case kCreateDcPost:
+      platform::SendEscape(dc, kEscapeContextCreated, &dc, sizeof dc, nullptr, 0);
+      return 1;
+    case kStartDoc: {
+      const uint8_t toPrinter = PrintsToFile(input, sizeIn) ? 0 : 1;
+      platform::SendEscape(dc, kEscapeJobStarts, &toPrinter, sizeof toPrinter, nullptr, 0);
+      return 1;
+    }
+    default:
+      return 0;
+  }
+}
+
+int32_t OSTVT_API DevQueryPrintEx(void*) { return 1; }
+
+int32_t OSTVT_API MonitorInterface() { return 0; }

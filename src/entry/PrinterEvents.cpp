@@ -1,0 +1,102 @@
+#include "entry/PrinterEvents.h"
+
+#include <memory>
+
+#include "entry/Exports.h"
+#include "entry/OpenedPrinter.h"
+#include "entry/PrinterFiles.h"
+#include "entry/StoredDevMode.h"
+#include "entry/SupportedSystem.h"
+#include "model/PrinterModel.h"
+#include "platform/Errors.h"
+#include "store/PrinterId.h"
+#include "store/PrinterRegistry.h"
+
+namespace ostvt {
+namespace {
+
+enum PrinterEvent : int32_t {
+  kAddConnection = 1,
+  kInitialize = 3,
+};
+
+constexpr uint32_t kDefaultTcpPort = 6160;
+
+bool TryUpgrade(const char16_t* printerName, const platform::SystemVersion& system,
+                uint32_t* error) {
+  OpenedPrinter printer(printerName, platform::kPrinterAllAccess);
+  if (!printer.IsOpen()) {
+    *error = platform::kErrorInvalidParameter;
+    return false;
+  }
+  if (!IsSupportedSystem(system)) {
+    MarkDriverRefused(printer.Handle());
+    *error = platform::kErrorBadDriver;
+    return false;
+  }
+  PrinterId printerId(printer.Handle());
+  std::unique_ptr<PrinterModel> model(CreatePrinterModel(printerId));
+  if (!model) return false;
+  bool upgraded = UpgradeStoredDevMode(printer.Handle(), printerId, model.get());
+  model->Invalidate();
+  return upgraded;
+}
+
+}  // namespace
+
+bool PrinterConnected(const char16_t* printerName, const platform::SystemVersion& system) {
+  if (!IsSupportedSystem(system)) {
+    ShowRefusal();
+    return false;
+  }
+  OpenedPrinter printer(printerName, platform::kPrinterAccessUse);
+  if (printer.IsOpen()) InstallPrinterFiles(printer.Handle());
+  return true;
+}
+
+bool PrinterCreated(const char16_t* printerName, const platform::SystemVersion& system) {
+  OpenedPrinter printer(printerName, platform::kPrinterAllAccess);
+  if (!printer.IsOpen()) return false;
+  if (!IsSupportedSystem(system)) {
+    ShowRefusal();
+    MarkDriverRefused(printer.Handle());
+    return false;
+  }
+  PrinterId printerId(printer.Handle());
+  std::unique_ptr<PrinterModel> model(CreatePrinterModel(printerId));
+  if (!model) return false;
+  bool upgraded = UpgradeStoredDevMode(printer.Handle(), printerId, model.get());
+  InstallPrinterFiles(printer.Handle());
+  if (HasFirewall(system)) {
+    OpenFirewallPort(model->GetStore().ReadDword("NETWORK:TCP Port", kDefaultTcpPort));
+  }
+  return upgraded;
+}
+
+bool UpgradePrinter(const char16_t* printerName, const platform::SystemVersion& system) {
+  uint32_t error = 0;
+  bool upgraded = TryUpgrade(printerName, system, &error);
+  // Only now that the printer is closed, since closing may leave a number of its own.
+  if (error) platform::SetLastErrorNumber(error);
+  return upgraded;
+}
+
+}  // namespace ostvt
+
+int32_t OSTVT_API DrvPrinterEvent(const char16_t* printerName, int32_t event, uint32_t, intptr_t) {
+  using namespace ostvt;
+  switch (event) {
+    case kAddConnection:
+      return PrinterConnected(printerName, platform::GetSystemVersion());
+    case kInitialize:
+      return PrinterCreated(printerName, platform::GetSystemVersion());
+    default:
+      return 0;
+  }
+}
+
+int32_t OSTVT_API DrvUpgradePrinter(uint32_t, void* upgradeInfo) {
+  using namespace ostvt;
+  const auto* info = static_cast<const DriverUpgradeInfo*>(upgradeInfo);
+  return UpgradePrinter(info ? info->pPrinterName : nullptr, platform::GetSystemVersion());
+}

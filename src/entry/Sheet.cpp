@@ -1,0 +1,144 @@
+#include "entry/Sheet.h"
+
+#include "core/Memory.h"
+#include "entry/CallerBlock.h"
+#include "entry/SheetHook.h"
+#include "entry/StoredDevMode.h"
+#include "model/PrinterModel.h"
+#include "platform/Module.h"
+#include "settings/DriverSession.h"
+#include "store/PrinterRegistry.h"
+
+namespace ostvt {
+namespace {
+
+constexpr uintptr_t kSheetIcon = 64082;
+constexpr int32_t kPageLimit = 100;  // as many as a sheet of the platform can have
+
+constexpr uint32_t kPagesFonts = 1;
+constexpr uint32_t kPagesGraphics = 2;
+constexpr uint32_t kPagesSetup = 4;
+constexpr uint32_t kPagesCache = 8;
+
+// Another part of the driver leaves word which page the next device sheet is wanted for.
+constexpr char kMessageValue[] = "DATA:LW Message";
+constexpr uint32_t kMessageCache = 4;
+
+uint32_t TakeMessage(DriverSession* session) {
+  if (!session->Model) return 0;
+  PrinterRegistry& store = session->Model->GetStore();
+  uint32_t message = store.ReadDword(kMessageValue, 0);
+  if (message) store.WriteDword(kMessageValue, uint32_t{0});
+  return message;
+}
+
+void KeepContext(DriverSession* session, const PropSheetUiInfo* info) {
+  session->SheetCallback = info->pfnComPropSheet;
+  session->SheetHandle = info->hComPropSheet;
+}
+
+intptr_t CallHost(DriverSession* session, uint32_t function, intptr_t first, intptr_t second) {
+  if (!session->SheetCallback) return 0;
+  return session->SheetCallback(session->SheetHandle, function, first, second);
+}
+
+// The host's handles of the pages that were added; later calls name a page by them.
+void KeepPageHandles(DriverSession* session) {
+  intptr_t count = CallHost(session, kSheetGetPageCount, 0, 0);
+  if (count <= 0) return;
+  if (count > kPageLimit) count = kPageLimit;
+  FreeCounted(session->PageHandles);
+  session->PageHandles =
+      static_cast<void**>(AllocCountedZero(static_cast<size_t>(count), sizeof(void*)));
+  session->PageCount = static_cast<int32_t>(count);
+  CallHost(session, kSheetGetPageHandles, reinterpret_cast<intptr_t>(session->PageHandles), count);
+}
+
+void HandOver(DriverSession* session, PropSheetUiInfo* info) {
+  info->UserData = reinterpret_cast<uintptr_t>(session);
+  info->Result = 0;
+}
+
+char16_t FoldLetter(char16_t unit) {
+  return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit - u'A' + u'a') : unit;
+}
+
+}  // namespace
+
+bool IsExplorer(std::u16string_view programPath) {
+  constexpr std::u16string_view name = u"explorer.exe";
+  constexpr size_t limit = 1023;  // units of the path that are looked at
+  programPath = programPath.substr(0, limit);
+  for (size_t start = 0; start + name.size() <= programPath.size(); start++) {
+    size_t i = 0;
+    while (i < name.size() && FoldLetter(programPath[start + i]) == name[i]) i++;
+    if (i == name.size()) return true;
+  }
+  return false;
+}
+
+int32_t StartDeviceSheet(DriverSession* session, PropSheetUiInfo* info) {
+  KeepContext(session, info);
+  uint32_t flags = kPagesFonts;
+  if (TakeMessage(session) == kMessageCache) {
+    flags = kPagesCache;
+    session->KeepAboutClosed();
+  }
+  session->RegisterPages(flags);
+  KeepPageHandles(session);
+  InstallSheetHook(session);
+  HandOver(session, info);
+  return 1;
+}
+
+int32_t StartDocumentSheet(DriverSession* session, PropSheetUiInfo* info) {
+  KeepContext(session, info);
+  if (!session->IsDefaultsSession()) session->KeepAboutClosed();
+  session->RegisterPages(kPagesSetup | kPagesGraphics);
+  KeepPageHandles(session);
+  HandOver(session, info);
+  return 1;
+}
+
+int32_t FillInfoHeader(const PropSheetUiInfo* info, PropSheetUiInfoHeader* header) {
+  DriverSession* session = SessionOf(info);
+  if (!session || !header) return kSheetFailure;
+  header->Flags = kHeaderPropertiesTitle;
+  header->pTitle = session->PrinterName.GetWide();
+  header->hInst = platform::ModuleHandle();
+  header->IconID = kSheetIcon;
+  return 1;
+}
+
+int32_t ApplySheetResult(PropSheetUiInfo* info, const SetResultInfo* setResult,
+                         const DocumentPropertyHeader* header) {
+  DriverSession* session = SessionOf(info);
+  if (!session || !setResult) return kSheetFailure;
+  if (header && !session->DevModeBuffer.IsEmpty()) {
+    if (setResult->Result == kResultOk && (header->fMode & (kModeUpdate | kModeCopy))) {
+      CallerBlock target(header->pdmOut);
+      if (header->pdmIn == header->pdmOut && target.GetSize() > 0) {
+        target.Merge(session->DevModeBuffer, session->Model);
+      } else if (header->pdmOut) {
+        session->DevModeBuffer.CopyTo(header->pdmOut, kDevModeSize);
+      }
+      if (header->fMode & kModeUpdate) {
+        StoreDevMode(session->PrinterHandle, session->PrinterName, session->DevModeBuffer);
+      }
+    }
+    if (setResult->Result == kResultCancel && (header->fMode & kModeCopy) && header->pdmOut) {
+      session->SavedDevMode.CopyTo(header->pdmOut, kDevModeSize);
+    }
+  }
+  info->Result = static_cast<uintptr_t>(setResult->Result);
+  return 1;
+}
+
+void EndSheet(PropSheetUiInfo* info) {
+  DriverSession* session = SessionOf(info);
+  RemoveSheetHook(session);
+  delete session;
+  info->UserData = 0;
+}
+
+}  // namespace ostvt

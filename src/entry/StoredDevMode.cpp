@@ -1,0 +1,33 @@
+#include "entry/StoredDevMode.h"
+
+#include "entry/OpenedPrinter.h"
+#include "settings/DevMode.h"
+#include "store/PrinterId.h"
+
+namespace ostvt {
+
+void MergeStoredDevMode(DevMode* devMode, PrinterId& printerId, PrinterModel* model) {
+  const Buffer& stored = printerId.Printer().DevMode;
+  devMode->Merge(DevMode(stored.Data, stored.Size), model);
+}
+
+bool UpgradeStoredDevMode(platform::PrinterHandle printer, PrinterId& printerId,
+                          PrinterModel* model) {
+  DevMode devMode;
+  devMode.AllocateDefaults(model);
+  MergeStoredDevMode(&devMode, printerId, model);
+  platform::SetPrinterDevMode(printer, devMode.GetBlock(), devMode.GetSize());
+  return true;
+}
+
+void StoreDevMode(platform::PrinterHandle printer, const OString& name, const DevMode& devMode) {
+  if (printer) {
+    platform::SetPrinterDevMode(printer, devMode.GetBlock(), devMode.GetSize());
+    return;
+  }
+  OpenedPrinter opened(name.GetWide(), platform::kPrinterAllAccess);
+  if (opened.IsOpen())
+    platform::SetPrinterDevMode(opened.Handle(), devMode.GetBlock(), devMode.GetSize());
+}
+
+}  // namespace ostvt

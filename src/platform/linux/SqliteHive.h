@@ -1,0 +1,136 @@
+// The SQLite file behind one hive of the key store, and the connections that this process holds.
+//
+// Two tables, both found by folded names, so that a value is one look-up away:
+//   keys(path, parent, name)                a key's folded path, that of the key above, its own
+//   name vals(path, name, display, type, data)   a value: folded key path, folded name, name,
+//   content
+// Text is held as UTF-16 bytes. The root is the key with the empty path and no parent.
+#pragma once
+
+#include <sqlite3.h>
+
+#include <string>
+#include <string_view>
+
+#include "platform/KeyStore.h"
+#include "platform/Lock.h"
+
+namespace ostvt::platform {
+
+enum class Query {
+  kBegin,
+  kCommit,
+  kRollback,
+  kFindKey,
+  kAddKey,
+  kCountKey,
+  kHasSubKeys,
+  kSubKeyAt,
+  kSubKeyAfter,
+  kDropKey,
+  kDropValues,
+  kReadValue,
+  kWriteValue,
+  kValueAt,
+  kValueAfter,
+  kDeleteValue,
+  kCount,
+};
+
+// A connection with its prepared statements.
+class HiveFile {
+ public:
+  HiveFile() = default;
+  ~HiveFile() { Close(); }
+  HiveFile(const HiveFile&) = delete;
+  HiveFile& operator=(const HiveFile&) = delete;
+
+  // Opens for reading and writing, else for reading; with `create`, a missing file is made together
+  // with its directory. False leaves it closed.
+  bool Open(const std::string& directory, Hive hive, bool create);
+  void Close();
+  bool IsOpen() const { return Database != nullptr; }
+  // The file has been replaced or removed since, or is one that must be opened again to be seen
+  // fresh.
+  bool IsStale() const;
+  // Null if the statement cannot be prepared. Kept by the connection; free to be bound.
+  sqlite3_stmt* Prepare(Query query);
+  int ChangedRows() const { return sqlite3_changes(Database); }
+
+ private:
+  bool OpenFile(int flags, const char* parameters);
+  bool Configure(bool readOnly);
+  bool CreateTables();
+
+  sqlite3* Database = nullptr;
+  std::string Path;
+  // Read without locks or a log, since there is no way to make them.
+  bool Immutable = false;
+  sqlite3_stmt* Statements[static_cast<int>(Query::kCount)] = {};
+};
+
+// The use of a hive's connection by one call. Holds the lock of all of them.
+class HiveUse {
+ public:
+  HiveUse(Hive hive, bool create);
+  // Null if there is no file that could be opened.
+  HiveFile* File() const { return Target; }
+
+ private:
+  LockGuard Guard;
+  HiveFile* Target = nullptr;
+};
+
+// One run of a prepared statement; gives it back at the end. Text and data that are bound must
+// outlive it.
+class HiveQuery {
+ public:
+  // A null file makes every step fail.
+  HiveQuery(HiveFile* file, Query query) : Statement(file ? file->Prepare(query) : nullptr) {}
+  ~HiveQuery() {
+    if (Statement) sqlite3_reset(Statement);
+  }
+  HiveQuery(const HiveQuery&) = delete;
+  HiveQuery& operator=(const HiveQuery&) = delete;
+
+  HiveQuery& Bind(int index, std::u16string_view text);
+  HiveQuery& BindData(int index, const void* data, int size);
+  HiveQuery& BindNumber(int index, int64_t number);
+  // True if there is a row to look at.
+  bool Row() { return Statement && sqlite3_step(Statement) == SQLITE_ROW; }
+  // True if it ran to its end.
+  bool Run() { return Statement && sqlite3_step(Statement) == SQLITE_DONE; }
+
+  int64_t Number(int column) const { return sqlite3_column_int64(Statement, column); }
+  // Valid until the end of this use. `size` in bytes.
+  const void* Data(int column, int* size) const;
+  std::u16string Text(int column) const;
+
+ private:
+  sqlite3_stmt* Statement;
+};
+
+// A write transaction around several statements; rolled back unless committed.
+class HiveTransaction {
+ public:
+  explicit HiveTransaction(HiveFile* file)
+      : File(file), Open(HiveQuery(file, Query::kBegin).Run()) {}
+  ~HiveTransaction() {
+    if (Open) HiveQuery(File, Query::kRollback).Run();
+  }
+  HiveTransaction(const HiveTransaction&) = delete;
+  HiveTransaction& operator=(const HiveTransaction&) = delete;
+
+  bool IsOpen() const { return Open; }
+  bool Commit() {
+    if (!Open || !HiveQuery(File, Query::kCommit).Run()) return false;
+    Open = false;
+    return true;
+  }
+
+ private:
+  HiveFile* File;
+  bool Open;
+};
+
+}  // namespace ostvt::platform

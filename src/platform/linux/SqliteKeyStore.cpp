@@ -1,0 +1,220 @@
+#include <unicode/uchar.h>
+
+#include <cstring>
+#include <new>
+#include <string>
+#include <string_view>
+
+#include "platform/KeyStore.h"
+#include "platform/linux/SqliteHive.h"
+
+namespace ostvt::platform {
+namespace {
+
+// The registry's own bounds.
+constexpr size_t kKeyNameLimit = 255;
+constexpr size_t kValueNameLimit = 260;
+constexpr int kDepthLimit = 512;
+
+// Where an enumeration stands, so that the next index need not count from the start.
+struct Cursor {
+  int Next = 0;
+  std::u16string Last;  // folded, of index Next - 1
+};
+
+// The handle of an open key: where it is, not a claim on it.
+struct OpenedKey {
+  Hive Root;
+  std::u16string Path;  // folded
+  Cursor SubKeys;
+  Cursor Values;
+};
+
+OpenedKey* AsKey(KeyHandle key) { return static_cast<OpenedKey*>(key); }
+
+// Names are equal when their units are, each folded to upper case by itself, as in the registry.
+char16_t Fold(char16_t unit) {
+  if (unit < 0x80) return static_cast<char16_t>(unit >= u'a' && unit <= u'z' ? unit - 0x20 : unit);
+  if (unit >= 0xD800 && unit <= 0xDFFF) return unit;
+  UChar32 upper = u_toupper(unit);
+  return upper <= 0xFFFF ? static_cast<char16_t>(upper) : unit;
+}
+
+std::u16string Fold(std::u16string_view text) {
+  std::u16string folded(text);
+  for (char16_t& unit : folded) unit = Fold(unit);
+  return folded;
+}
+
+// Elements of 1 to 255 units each. No text is a good path, that of the root.
+bool IsKeyPath(std::u16string_view path) {
+  if (path.empty()) return true;
+  int depth = 1;
+  size_t start = 0;
+  for (size_t i = 0; i <= path.size(); ++i) {
+    if (i < path.size() && path[i] != u'\\') continue;
+    if (i == start || i - start > kKeyNameLimit) return false;
+    if (i < path.size() && ++depth > kDepthLimit) return false;
+    start = i + 1;
+  }
+  return true;
+}
+
+bool KeyExists(HiveFile* file, std::u16string_view path) {
+  return HiveQuery(file, Query::kFindKey).Bind(1, path).Row();
+}
+
+// `path` as its caller wrote it, `folded` the same folded.
+bool CreateKey(HiveFile* file, std::u16string_view path, std::u16string_view folded) {
+  HiveTransaction transaction(file);
+  if (!transaction.IsOpen()) return false;
+  std::u16string_view parent;
+  for (size_t start = 0; start < path.size();) {
+    size_t end = path.find(u'\\', start);
+    if (end == std::u16string_view::npos) end = path.size();
+    std::u16string_view element = folded.substr(0, end);
+    if (!HiveQuery(file, Query::kAddKey)
+             .Bind(1, element)
+             .Bind(2, parent)
+             .Bind(3, path.substr(start, end - start))
+             .Run()) {
+      return false;
+    }
+    parent = element;
+    start = end + 1;
+  }
+  return transaction.Commit();
+}
+
+// `at` and `after` give a name and, in the second column, what it is found by.
+bool EnumerateName(OpenedKey* key, Query at, Query after, Cursor* cursor, int index,
+                   char16_t (&name)[kNameUnits]) {
+  if (index < 0) return false;
+  HiveUse use(key->Root, false);
+  bool resume = index > 0 && index == cursor->Next;
+  HiveQuery query(use.File(), resume ? after : at);
+  query.Bind(1, key->Path);
+  if (resume) {
+    query.Bind(2, cursor->Last);
+  } else {
+    query.BindNumber(2, index);
+  }
+  if (!query.Row()) return false;
+  std::u16string text = query.Text(0);
+  if (text.size() >= kNameUnits) return false;
+  memcpy(name, text.c_str(), (text.size() + 1) * sizeof(char16_t));
+  cursor->Last = query.Text(1);
+  cursor->Next = index + 1;
+  return true;
+}
+
+}  // namespace
+
+KeyHandle OpenKeyUnchecked(Hive hive, const char16_t* subKey) {
+  std::u16string_view path = subKey ? subKey : u"";
+  if (!IsKeyPath(path)) return nullptr;
+  return new (std::nothrow) OpenedKey{hive, Fold(path), {}, {}};
+}
+
+KeyHandle OpenKey(Hive hive, const char16_t* subKey, bool create) {
+  KeyHandle key = OpenKeyUnchecked(hive, subKey);
+  if (!key) return nullptr;
+  const std::u16string& folded = AsKey(key)->Path;
+  HiveUse use(hive, create);
+  bool exists = folded.empty() || KeyExists(use.File(), folded) ||
+                (create && CreateKey(use.File(), subKey, folded));
+  if (exists) return key;
+  CloseKey(key);
+  return nullptr;
+}
+
+void CloseKey(KeyHandle key) { delete AsKey(key); }
+
+int WriteValue(KeyHandle key, const char16_t* name, const void* data, int size, uint32_t type) {
+  std::u16string_view display = name ? name : u"";
+  if (!key || size < 0 || (!data && size > 0) || display.size() > kValueNameLimit) return -1;
+  std::u16string folded = Fold(display);
+  HiveUse use(AsKey(key)->Root, false);
+  bool written = HiveQuery(use.File(), Query::kWriteValue)
+                     .Bind(1, AsKey(key)->Path)
+                     .Bind(2, folded)
+                     .Bind(3, display)
+                     .BindNumber(4, type)
+                     .BindData(5, data, size)
+                     .Run();
+  return written && use.File()->ChangedRows() > 0 ? size : -1;
+}
+
+int ReadValue(KeyHandle key, const char16_t* name, void* buffer, int size, uint32_t* type) {
+  if (!key) return -1;
+  std::u16string folded = Fold(name ? name : u"");
+  HiveUse use(AsKey(key)->Root, false);
+  HiveQuery query(use.File(), Query::kReadValue);
+  if (!query.Bind(1, AsKey(key)->Path).Bind(2, folded).Row()) return -1;
+  int stored = 0;
+  const void* data = query.Data(1, &stored);
+  if (stored > size || (!buffer && stored > 0)) return -1;
+  if (stored > 0) memcpy(buffer, data, static_cast<size_t>(stored));
+  if (type) *type = static_cast<uint32_t>(query.Number(0));
+  return stored;
+}
+
+bool GetValueSize(KeyHandle key, const char16_t* name, int* size) {
+  if (!key) return false;
+  std::u16string folded = Fold(name ? name : u"");
+  HiveUse use(AsKey(key)->Root, false);
+  HiveQuery query(use.File(), Query::kReadValue);
+  if (!query.Bind(1, AsKey(key)->Path).Bind(2, folded).Row()) return false;
+  query.Data(1, size);
+  return true;
+}
+
+bool EnumerateKey(KeyHandle key, int index, char16_t (&name)[kNameUnits]) {
+  return key && EnumerateName(AsKey(key), Query::kSubKeyAt, Query::kSubKeyAfter,
+                              &AsKey(key)->SubKeys, index, name);
+}
+
+bool EnumerateValue(KeyHandle key, int index, char16_t (&name)[kNameUnits]) {
+  return key && EnumerateName(AsKey(key), Query::kValueAt, Query::kValueAfter, &AsKey(key)->Values,
+                              index, name);
+}
+
+bool QueryKey(KeyHandle key, int* subKeys, int* values) {
+  if (!key) return false;
+  HiveUse use(AsKey(key)->Root, false);
+  HiveQuery query(use.File(), Query::kCountKey);
+  bool found = query.Bind(1, AsKey(key)->Path).Row();
+  if (!found && !AsKey(key)->Path.empty()) return false;
+  if (subKeys) *subKeys = found ? static_cast<int>(query.Number(0)) : 0;
+  if (values) *values = found ? static_cast<int>(query.Number(1)) : 0;
+  return true;
+}
+
+bool DeleteKey(KeyHandle parent, const char16_t* name) {
+  std::u16string_view element = name ? name : u"";
+  if (!parent || element.empty() || !IsKeyPath(element)) return false;
+  std::u16string path = AsKey(parent)->Path;
+  if (!path.empty()) path += u'\\';
+  path += Fold(element);
+  HiveUse use(AsKey(parent)->Root, false);
+  // Looked for outside a transaction first: a miss must not take the writers' lock.
+  if (!KeyExists(use.File(), path)) return false;
+  HiveTransaction transaction(use.File());
+  return transaction.IsOpen() && !HiveQuery(use.File(), Query::kHasSubKeys).Bind(1, path).Row() &&
+         HiveQuery(use.File(), Query::kDropValues).Bind(1, path).Run() &&
+         HiveQuery(use.File(), Query::kDropKey).Bind(1, path).Run() &&
+         use.File()->ChangedRows() > 0 && transaction.Commit();
+}
+
+bool DeleteValue(KeyHandle key, const char16_t* name) {
+  if (!key) return false;
+  std::u16string folded = Fold(name ? name : u"");
+  HiveUse use(AsKey(key)->Root, false);
+  return HiveQuery(use.File(), Query::kDeleteValue)
+             .Bind(1, AsKey(key)->Path)
+             .Bind(2, folded)
+             .Run() &&
+         use.File()->ChangedRows() > 0;
+}
+
+}  // namespace ostvt::platform

@@ -1,0 +1,30 @@
+#include "platform/Libraries.h"
+
+#include <string_view>
+
+#include "platform/windows/Win32.h"
+
+namespace ostvt::platform {
+
+LibraryHandle OpenLibrary(const char16_t* path) {
+  if (!path || !*path) return nullptr;
+  bool hasDirectory = std::u16string_view(path).find_first_of(u"\\/") != std::u16string_view::npos;
+  // A file that can't be loaded must not stop its caller with a message box.
+  DWORD before = 0;
+  SetThreadErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX, &before);
+  HMODULE library =
+      LoadLibraryExW(AsWide(path), nullptr, hasDirectory ? LOAD_WITH_ALTERED_SEARCH_PATH : 0);
+  SetThreadErrorMode(before, nullptr);
+  return library;
+}
+
+void* FindSymbol(LibraryHandle library, const char* name) {
+  if (!library || !name) return nullptr;
+  return reinterpret_cast<void*>(GetProcAddress(static_cast<HMODULE>(library), name));
+}
+
+void CloseLibrary(LibraryHandle library) {
+  if (library) FreeLibrary(static_cast<HMODULE>(library));
+}
+
+}  // namespace ostvt::platform

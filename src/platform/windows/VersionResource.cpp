@@ -1,0 +1,44 @@
+#include "platform/VersionResource.h"
+
+#include <vector>
+
+#include "platform/Module.h"
+#include "platform/windows/Win32.h"
+
+namespace ostvt::platform {
+namespace {
+
+constexpr DWORD kPathUnits = 32768;
+
+std::vector<unsigned char> ReadVersionBlock() {
+  std::u16string path(kPathUnits, u'\0');
+  DWORD length =
+      GetModuleFileNameW(static_cast<HMODULE>(ModuleHandle()), AsWide(path.data()), kPathUnits);
+  if (length == 0 || length >= kPathUnits) return {};
+  DWORD unused = 0;
+  DWORD size = GetFileVersionInfoSizeW(AsWide(path.c_str()), &unused);
+  if (size == 0) return {};
+  std::vector<unsigned char> block(size);
+  if (!GetFileVersionInfoW(AsWide(path.c_str()), 0, size, block.data())) return {};
+  return block;
+}
+
+}  // namespace
+
+std::u16string VersionText(const char16_t* name) {
+  if (!name || !*name) return {};
+  std::vector<unsigned char> block = ReadVersionBlock();
+  if (block.empty()) return {};
+  std::u16string path = std::u16string(u"\\StringFileInfo\\000004B0\\") + name;
+  void* text = nullptr;
+  UINT units = 0;
+  if (!VerQueryValueW(block.data(), AsWide(path.c_str()), &text, &units) || !text || units == 0)
+    return {};
+  std::u16string result(static_cast<const char16_t*>(text), units);
+  // The length counts the terminator, in most blocks.
+  size_t end = result.find(u'\0');
+  if (end != std::u16string::npos) result.resize(end);
+  return result;
+}
+
+}  // namespace ostvt::platform

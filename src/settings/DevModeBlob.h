@@ -1,0 +1,20 @@
+// A device mode wrapped to be kept in a file: "DM32", u32 length of the block, the block. Older
+// ones begin with "DM" and anything else, and hold the narrow form.
+#pragma once
+
+#include <cstdint>
+
+#include "core/Buffer.h"
+#include "settings/DevMode.h"
+
+namespace ostvt {
+
+// Empty when the device mode is.
+void WriteDevModeBlob(const DevMode& devMode, Buffer* blob);
+
+// Overlays the blob's block on `target`, which has one already, defaults as a rule, and validates
+// it. Of the block only what lies inside `size` counts. False, with `target` untouched, if this is
+// no blob.
+bool ReadDevModeBlob(const void* blob, uint32_t size, PrinterModel* model, DevMode* target);
+
+}  // namespace ostvt

@@ -1,0 +1,152 @@
+#include "settings/DriverSession.h"
+
+#include <cstring>
+
+#include "core/Crc.h"
+#include "core/DriverPath.h"
+#include "core/Memory.h"
+#include "model/PrinterModel.h"
+#include "platform/VersionResource.h"
+#include "settings/AccessLevels.h"
+#include "store/PrinterId.h"
+#include "store/PrinterRegistry.h"
+
+namespace ostvt {
+namespace {
+
+constexpr char kInitialDevMode[] = "DATA:Initial DevMode";  // a whole block: spooler path
+constexpr char kDefaultDevMode[] = "DATA:Default DevMode";  // the narrow form: 16-bit path
+
+OString VersionTextOf(const char16_t* name) { return platform::VersionText(name).c_str(); }
+
+}  // namespace
+
+DriverSession::~DriverSession() {
+  if (Model && !NoShadowPush) Link.SetShadowBlocked(false);
+  delete Model;
+  FreeCounted(PageHandles);
+}
+
+void DriverSession::Initialize(platform::PrinterHandle printerHandle, const DevMode* inputDevMode,
+                               uint32_t flags, const OString& printerName) {
+  SessionFlags = flags;
+  PrinterHandle = printerHandle;
+  PrinterId printer(printerHandle, printerName);
+  PrinterName = printer.GetFullName();
+  Model = CreatePrinterModel(printer);
+  if (!Model) return;
+  DevModeBuffer.Allocate();
+  LoadDefaultDevMode();
+  Link.PrinterName = PrinterName;
+  Link.SetShadowBlocked(false);
+  // Later sources win: the spooler's stored device mode, then the caller's.
+  if (DriverOnNtPath) {
+    const Buffer& stored = printer.Printer().DevMode;
+    DevModeBuffer.Merge(DevMode(stored.Data, stored.Size), Model);
+  }
+  if ((flags & kSessionMerge) != 0 && inputDevMode) DevModeBuffer.Merge(*inputDevMode, Model);
+  LoadSettings();
+}
+
+void DriverSession::LoadSettings() {
+  if (DevModeBuffer.IsEmpty()) return;
+  DevModeCrc = CRC32(DevModeBuffer.GetBlock(), DevModeBuffer.GetSize(), 0);
+  if (SavedDevMode.IsEmpty()) SavedDevMode.Assign(DevModeBuffer);
+}
+
+void DriverSession::Save() {
+  if (!Model) return;
+  StoreDefaultDevMode();
+}
+
+void DriverSession::Reload() {}
+
+bool DriverSession::LoadDefaultDevMode() {
+  if (DriverOnNtPath ? LoadInitialDevMode() : LoadNarrowDevMode()) return true;
+  DevModeBuffer.SetDefaults(Model);
+  return false;
+}
+
+bool DriverSession::LoadInitialDevMode() {
+  const int32_t read = Model->GetStore().ReadBinary(kInitialDevMode, DevModeBuffer.GetBlock(),
+                                                    static_cast<int32_t>(kDevModeSize));
+  if (read != static_cast<int32_t>(kDevModeSize)) return false;
+  const DevModeHeader header = ReadHeader(DevModeBuffer.GetBlock(), kDevModeSize);
+  return header.Size == kPublicSize && header.DriverExtra == kDriverExtra;
+}
+
+bool DriverSession::LoadNarrowDevMode() {
+  uint8_t narrow[kNarrowDevModeSize];
+  const int32_t read = Model->GetStore().ReadBinary(kDefaultDevMode, narrow, sizeof(narrow));
+  if (read != static_cast<int32_t>(sizeof(narrow))) return false;
+  const DevModeHeader header = ReadNarrowHeader(narrow, sizeof(narrow));
+  if (header.Size != kNarrowSize || header.DriverExtra != kModelRecordSize) return false;
+  DevModeBuffer.SetDefaults(Model);
+  DevModeBuffer.ImportNarrow(narrow, sizeof(narrow));
+  return true;
+}
+
+void DriverSession::StoreDefaultDevMode() {
+  PrinterRegistry& store = Model->GetStore();
+  if (DriverOnNtPath) {
+    store.WriteBinary(kInitialDevMode, DevModeBuffer.GetBlock(),
+                      static_cast<int32_t>(DevModeBuffer.GetSize()));
+  } else {
+    uint8_t narrow[kNarrowDevModeSize];
+    DevModeBuffer.WriteNarrow(PrinterName, narrow);
+    store.WriteBinary(kDefaultDevMode, narrow, sizeof(narrow));
+  }
+}
+
+void DriverSession::KeepAboutClosed() { AboutMayOpenFirst = false; }
+
+bool DriverSession::IsDefaultsSession() const {
+  if (!DriverOnNtPath) return DefaultsMode;
+  return (SessionFlags & (kSessionDefaults | kSessionUpdate)) != 0;
+}
+
+bool DriverSession::IsLocked() {
+  if (!LockedKnown && Model) {
+    // Without a monitor that says otherwise a client's settings are its own.
+    const int32_t required = GetRequiredAccessLevel(Model->GetStore(), false);
+    Locked = GetUserAccessLevel() < required;
+    LockedKnown = true;
+  }
+  return Locked;
+}
+
+OString DriverSession::GetProductVersion() const { return VersionTextOf(u"ProductVersion"); }
+OString DriverSession::GetProductTag() const { return VersionTextOf(u"Product Tag"); }
+OString DriverSession::GetBuildDate() const { return VersionTextOf(u"Build Date"); }
+OString DriverSession::GetScmBranch() const { return VersionTextOf(u"SCM Branch"); }
+OString DriverSession::GetScmRevision() const { return VersionTextOf(u"SCM Revision"); }
+
+int32_t DriverSession::RegisterPages(uint32_t) { return 0; }
+
+void DriverSession::GetCacheInfo(CacheInfo* record) { *record = CacheInfo(); }
+
+int32_t DriverSession::GetLinkClass() { return 2; }
+
+void DriverSession::Reserved0() {}
+
+void DriverSession::GetFontNameRules(NameRules*) {}
+
+bool DriverSession::ValidateFontName(NameRequest*) { return true; }
+
+void DriverSession::Reserved1() {}
+
+void DriverSession::GetFileNameRules(NameRules* record) { GetFontNameRules(record); }
+
+bool DriverSession::ValidateFileName(NameRequest* request) { return ValidateFontName(request); }
+
+bool DriverSession::Reserved2() { return false; }
+
+bool DriverSession::SupportsCacheCommand(PrinterPort*) { return false; }
+
+bool DriverSession::DoAction(ActionContext*, int32_t) { return false; }
+
+uint32_t DriverSession::GetActionFlags(ActionContext*, int32_t) { return 0; }
+
+void DriverSession::GetActionTitle(OString* result, int32_t) { result->Clear(); }
+
+}  // namespace ostvt

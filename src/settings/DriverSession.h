@@ -1,0 +1,114 @@
+// The object behind every operation on one printer: each property sheet and each client of the
+// exports makes one, uses it and deletes it.
+//
+// A session on a printer that can't be identified has no Model and stays empty; every operation
+// then does nothing. No step reports a failure: what could not be had is absent. One thread: the
+// one that made it.
+#pragma once
+
+#include <cstdint>
+
+#include "comm/MonitorLink.h"
+#include "core/OString.h"
+#include "platform/Spooler.h"
+#include "settings/DevMode.h"
+#include "settings/SessionRecords.h"
+
+namespace ostvt {
+
+class PrinterModel;
+class PrinterPort;
+
+// Bits of SessionFlags. The first three are the caller's, by the platform's numbers.
+inline constexpr uint32_t kSessionUpdate = 1;  // the printer's stored device mode is to be updated
+inline constexpr uint32_t kSessionCopy = 2;    // the caller wants the device mode back
+inline constexpr uint32_t kSessionMerge = 8;   // an input device mode is to be merged
+inline constexpr uint32_t kSessionDefaults = 64;  // the printer's default settings are edited
+
+// The sheet host's callback.
+using SheetCallbackFunction = intptr_t (*)(void* sheet, uint32_t function, intptr_t first,
+                                           intptr_t second);
+
+class DriverSession {
+ public:
+  DriverSession() = default;
+  DriverSession(const DriverSession&) = delete;
+  DriverSession& operator=(const DriverSession&) = delete;
+
+  // What a family may change. The order is part of the interface.
+  virtual ~DriverSession();
+  // The end of Initialize: everything that the model's store holds for the session.
+  virtual void LoadSettings();
+  // Registers the pages of a sheet; how many they are.
+  virtual int32_t RegisterPages(uint32_t pageFlags);
+  virtual void GetCacheInfo(CacheInfo* record);
+  virtual int32_t GetLinkClass();
+  virtual void Reserved0();
+  virtual void GetFontNameRules(NameRules* record);
+  virtual bool ValidateFontName(NameRequest* request);
+  virtual void Reserved1();
+  virtual void GetFileNameRules(NameRules* record);
+  virtual bool ValidateFileName(NameRequest* request);
+  virtual bool Reserved2();
+  virtual bool SupportsCacheCommand(PrinterPort* port);
+  virtual bool DoAction(ActionContext* context, int32_t action);
+  // Bit 0: the action exists here; 1: it opens a dialog; 2: it is disabled while IsLocked.
+  virtual uint32_t GetActionFlags(ActionContext* context, int32_t action);
+  virtual void GetActionTitle(OString* result, int32_t action);
+
+  // Once, before anything else. The handle stays the caller's and open; null with a `printerName`
+  // means that printer. `inputDevMode` (may be null) counts only with kSessionMerge.
+  void Initialize(platform::PrinterHandle printerHandle, const DevMode* inputDevMode,
+                  uint32_t flags, const OString& printerName = OString());
+  // Writes what changed to the store, and the device mode as the one that new sessions begin with.
+  void Save();
+  // Reads the lists anew; the device mode stays.
+  void Reload();
+  // The About page is not to be the page shown first.
+  void KeepAboutClosed();
+  // The session edits the printer's defaults, not those of one document.
+  bool IsDefaultsSession() const;
+  // The user's level is too low to change settings. Asked once per session.
+  bool IsLocked();
+
+  // Of this module's version record; empty where it says nothing.
+  OString GetProductVersion() const;
+  OString GetProductTag() const;
+  OString GetBuildDate() const;
+  OString GetScmBranch() const;
+  OString GetScmRevision() const;
+
+  PrinterModel* Model = nullptr;  // owned
+  DevMode DevModeBuffer;          // the working device mode
+  DevMode SavedDevMode;           // as it stood when the session loaded; may be empty
+  platform::PrinterHandle PrinterHandle = nullptr;
+  bool DefaultsMode = false;  // IsDefaultsSession on the 16-bit path
+  MonitorLink Link;
+  uint32_t DevModeCrc = 0;  // of the whole device mode at load
+  OString PrinterName;
+  bool AboutMayOpenFirst = true;
+  uint32_t SessionFlags = 0;
+  // The sheet host's context, from the start of a sheet on. The page handles are a counted block
+  // (see core/Memory.h) and the session's.
+  void* SheetHandle = nullptr;
+  void** PageHandles = nullptr;
+  int32_t PageCount = 0;
+  SheetCallbackFunction SheetCallback = nullptr;
+  void* DialogArgument = nullptr;  // for the dialog being opened; the opener's
+  bool NoShadowPush = false;       // closing and saving tell the server nothing
+
+ private:
+  // False: model defaults stand in.
+  bool LoadDefaultDevMode();
+  bool LoadInitialDevMode();
+  bool LoadNarrowDevMode();
+  void StoreDefaultDevMode();
+
+  bool Locked = false;
+  bool LockedKnown = false;
+};
+
+// The family's factory. The caller deletes the session; null when memory is short.
+DriverSession* CreateDriverSession();
+
+}  // namespace ostvt

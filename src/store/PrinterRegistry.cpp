@@ -1,0 +1,168 @@
+#include "store/PrinterRegistry.h"
+
+#include "core/DriverPath.h"
+#include "store/PrinterId.h"
+#include "store/RegistryPath.h"
+
+namespace ostvt {
+namespace {
+
+struct Alias {
+  const char* Name;
+  const char* Target;
+};
+
+// In the order in which they are tried: the earlier ones lead to the later.
+constexpr Alias kAliases[] = {
+    {"STOCK:", "LOCAL:Paper Sizes"},
+    {"SETTINGS:", "DATA:Settings"},
+    {"CACHE:", "DATA:Cache"},
+    {"FONTS:", "DATA:Downloaded Fonts"},
+    {"PRESETS:", "DATA:Presets"},
+    {"DEBUG:", "DATA:Development"},
+    {"USERSETTINGS:", "USER:Printers/[PRINTER]/Settings"},
+    {"DATA:", "PRINT:Printers/[PRINTER]/PrinterDriverData"},
+    {"MODEL:", "PRINT:Printers/[PRINTER]/PrinterDriverData/Model"},
+    {"MONITOR:", "PRINT:Monitors/Vantrel Network Monitor"},
+    {"NETWORK:", "LOCAL:Network/@[SERVER]"},
+};
+
+struct ShadowHead {
+  const char* Head;
+  int Units;
+  const char* Name;
+};
+
+template <int N>
+constexpr ShadowHead MakeShadowHead(const char (&head)[N], const char* name) {
+  return {head, N - 1, name};
+}
+
+// What the shadow route takes along, and under which word.
+constexpr ShadowHead kShadowHeads[] = {
+    MakeShadowHead("2:SYSTEM/CurrentControlSet/Control/Print", "PRINT%3A"),
+    MakeShadowHead("2:SOFTWARE/Vantrel/Drivers", "LOCAL%3A"),
+    MakeShadowHead("1:SOFTWARE/Vantrel/Drivers", "USER%3A"),
+};
+
+// Values of the stored "Shadow" byte; 0 follows IsRemote.
+constexpr uint8_t kShadowAuto = 0;
+constexpr uint8_t kShadowAlways = 2;
+
+constexpr uint32_t kAttributeEnableBidi = 0x800;
+
+// The environment's name is the same whatever the processor.
+const char* DriverInfoTarget() {
+  if (!DriverOnNtPath) return "PRINT:Environments/Windows 4.0/Drivers/[MODEL]";
+  return DriverIsVersion3 ? "PRINT:Environments/Windows NT x86/Drivers/Version-3/[MODEL]"
+                          : "PRINT:Environments/Windows NT x86/Drivers/Version-2/[MODEL]";
+}
+
+// In section headers, `search` at the place of the key becomes `replacement`. An alias that is
+// spelt out gets the separator that the display form has behind a key.
+void ReplaceInHeaders(const OString& search, const OString& replacement, bool separate,
+                      OStringArray* lines) {
+  int length = search.Length();
+  if (length == 0) return;
+  for (int32_t i = 0; i < lines->Count; ++i) {
+    OString& line = (*lines)[i];
+    if (line.GetWide()[0] != u'[') continue;
+    // "[KEY]" and "[-KEY]".
+    for (int offset = 1; offset <= 2; ++offset) {
+      if (line.Mid(offset, length).CompareNoCase(search) != 0) continue;
+      OString rest = line.Mid(offset + length);
+      line = line.Left(offset) + replacement;
+      char16_t next = rest.GetWide()[0];
+      if (separate && next != u'\\' && next != u']') line += '\\';
+      line += rest;
+    }
+  }
+}
+
+}  // namespace
+
+PrinterRegistry::PrinterRegistry(const OString& printerName) {
+  PrinterId id(printerName);
+  if (id.IsKnown()) {
+    const PrinterId::PrinterFields& printer = id.Printer();
+    PrinterFullName = id.GetFullName();
+    PrinterName = id.GetPrinterName();
+    ModelName = printer.DriverName;
+    PortName = printer.PortName;
+    ServerName = printer.ServerName;
+    OemCode = id.GetOemCode();
+    IsRemote = printer.IsRemote;
+  }
+  // Read while the route is still off, from where it is set.
+  uint8_t shadow = ReadByte("LOCAL:Printers/[PRINTER]/Shadow", kShadowAuto);
+  IsShadowed = shadow == kShadowAuto ? IsRemote : shadow == kShadowAlways;
+}
+
+PrinterRegistry::PrinterRegistry(const PrinterRegistry& other)
+    : ORegistry(other),
+      PrinterFullName(other.PrinterFullName),
+      PrinterName(other.PrinterName),
+      PortName(other.PortName),
+      ServerName(other.ServerName),
+      OemCode(other.OemCode),
+      IsRemote(other.IsRemote),
+      IsShadowed(other.IsShadowed) {}
+
+PrinterRegistry::~PrinterRegistry() = default;
+
+void PrinterRegistry::ResolvePath(OString* path) const {
+  if (path->Find(':') < 0) return;
+  SubstituteAlias(path, "DRIVER_INFO:", DriverInfoTarget());
+  for (const Alias& alias : kAliases) SubstituteAlias(path, alias.Name, alias.Target);
+  if (path->Find('[') >= 0) {
+    SubstitutePrefix(path, "[PRINTER]", Escape(PrinterName));
+    SubstitutePrefix(path, "[MODEL]", Escape(ModelName));
+    SubstitutePrefix(path, "[PORT]", Escape(PortName));
+    SubstitutePrefix(path, "[SERVER]", Escape(ServerName));
+    SubstitutePrefix(path, "[OEM]", OemCode);
+  }
+  ORegistry::ResolvePath(path);
+}
+
+platform::KeyHandle PrinterRegistry::OpenKey(const OString& canonicalPath, bool create) const {
+  if (!IsShadowed) return ORegistry::OpenKey(canonicalPath, create);
+  for (const ShadowHead& shadow : kShadowHeads) {
+    if (!StartsWithNoCase(canonicalPath, shadow.Head)) continue;
+    OString path = !DriverOnNtPath || DriverIsVersion3 ? "1:SOFTWARE/Vantrel/Drivers/"
+                                                       : "2:SOFTWARE/Vantrel/Drivers/";
+    if (IsRemote) path += OString("@") + Escape(ServerName) + "/";
+    path += shadow.Name;
+    path += canonicalPath.Mid(shadow.Units);
+    return ORegistry::OpenKey(path, create);
+  }
+  return ORegistry::OpenKey(canonicalPath, create);
+}
+
+bool PrinterRegistry::IsBidiEnabled() const {
+  return (ReadDword("PRINT:Printers/[PRINTER]/Attributes", 0) & kAttributeEnableBidi) != 0;
+}
+
+void PrinterRegistry::ListBranchRoots(OStringArray* array) const {
+  array->SetSize(0);
+  OStringArray names;
+  EnumerateKeys("DATA:", &names);
+  for (int32_t i = 0; i < names.Count; ++i) array->Add("DATA:" + Escape(names[i]));
+  names.SetSize(0);
+  EnumerateKeys("LOCAL:", &names);
+  for (int32_t i = 0; i < names.Count; ++i) {
+    // These belong to the machine, not to the printer.
+    if (names[i] == "X16" || names[i] == "XPML" || names[i] == "Network") continue;
+    array->Add("LOCAL:" + Escape(names[i]));
+  }
+}
+
+void PrinterRegistry::ExpandAliasInLines(const OString& alias, OStringArray* lines) const {
+  bool separate = !alias.IsEmpty() && alias.GetWide()[alias.Length() - 1] == u':';
+  ReplaceInHeaders(alias, ToFullPath(alias), separate, lines);
+}
+
+void PrinterRegistry::CollapseAliasInLines(const OString& alias, OStringArray* lines) const {
+  ReplaceInHeaders(ToFullPath(alias), alias, false, lines);
+}
+
+}  // namespace ostvt
