@@ -114,7 +114,9 @@ OString& OString::operator=(const char16_t* text) {
   return *this;
 }
 
-void OString::AssignCount(const char* text, int n) { AssignUnits(text, BoundedText(text, n).size()); }
+void OString::AssignCount(const char* text, int n) {
+  AssignUnits(text, BoundedText(text, n).size());
+}
 
 void OString::AssignCount(const char16_t* text, int n) {
   AssignUnits(text, BoundedText(text, n).size());

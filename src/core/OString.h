@@ -24,7 +24,7 @@ namespace ostvt {
 inline constexpr uint32_t kCodePageUtf8 = 1208;
 // Numbers saturate at plus or minus this value wherever text is parsed.
 inline constexpr int32_t kNumberLimit = 2000000000;
-// Room of Format(), in 16-bit units, terminator included.
+// Room that Format() works in, in 16-bit units, terminator included.
 inline constexpr int kFormatUnits = 4096;
 
 class OString {
@@ -49,7 +49,7 @@ class OString {
   const char* GetNarrow() const;
   const char16_t* GetWide() const;
   // A writable buffer for `n` characters and a terminator; the old text is gone, and the other form
-  // is stale. The caller terminates what it writes.
+  // is stale. The caller terminates what it writes, before any other call.
   char* GetNarrowBuffer(int n);
   char16_t* GetWideBuffer(int n);
   bool HasNarrow() const;
@@ -95,7 +95,7 @@ class OString {
   int Compare(const OString& other) const;
   // The same with a-z folded to A-Z; no other letter is folded.
   int CompareNoCase(const OString& other) const;
-  // "*" any run, "?" exactly one unit, case-sensitive, the whole string. Linear space, no recursion.
+  // "*" any run, "?" exactly one unit, case-sensitive, the whole string. No recursion.
   bool Match(const OString& pattern) const;
 
   // All give -1 when nothing is found, or when `start` is at or past the end.
@@ -118,7 +118,7 @@ class OString {
   // Text behind the last "\\", the whole string when there is none.
   OString FileNamePart() const;
 
-  // Each returns the new Length().
+  // Each returns the new Length(). At most `count` characters, stopping at a NUL in `text`.
   int Insert(int position, const char* text, int count);
   int Insert(int position, const char16_t* text, int count);
   int Insert(int position, const OString& text);
@@ -144,7 +144,8 @@ class OString {
   void AssignHex(const void* bytes, int n);
   static OString HexOf(const void* bytes, int n);
   static OString HexOf(uint32_t value);  // eight digits, most significant first
-  // The platform's wvsprintf conversions, cut at kFormatUnits.
+  // The platform's wvsprintf conversions and its limit: a text ends after 1023 units. The arguments
+  // may be texts of this string.
   void Format(const char16_t* format, ...);
   // The next name of a series: "Label", "Label 2", "Label 3" (`spaced`) or "Label2". Stops changing
   // at the number limit: who loops "until unique" gives up when the text did not change.

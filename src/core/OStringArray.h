@@ -12,9 +12,9 @@ namespace ostvt {
 enum class BlockMode {
   kTerminated = 0,  // each string with a NUL, then one more NUL; empty strings are left out
   kCounted = 1,     // 16-bit count, then each string with a NUL
-  kSized = 2,       // 16-bit size in bytes, then each string with a NUL. Written, the size is that of
-                    // the whole block; read, it is that of what follows the field
-  kLines = 3,       // each string with CR LF behind it
+  kSized = 2,  // 16-bit size in bytes, then each string with a NUL. Written, the size is that of
+               // the whole block; read, it is that of what follows the field
+  kLines = 3,  // each string with CR LF behind it
 };
 
 // Owns its strings. Indexes and counts are clamped, never trusted. One thread at a time.
@@ -30,7 +30,9 @@ class OStringArray {
 
   void SetSize(int32_t count, int32_t growBy = -1);
   int32_t Add(const OString& value);  // the index of the new element
+  // A negative index does nothing.
   void SetAtGrow(int32_t index, const OString& value);
+  // An index past the end grows the array to it first.
   void InsertAt(int32_t index, const OString& value, int32_t count = 1);
   void RemoveAt(int32_t index, int32_t count = 1);
   // By text; -1 if there is none at or after `start`.
@@ -45,8 +47,8 @@ class OStringArray {
   // Any byte of `charSet` ends a field; works on the narrow form, elements have code page 0.
   void SplitAny(const OString& text, const OString& charSet);
 
-  // `out` gets exactly the block. `codePage` 0 leaves each string's own. kCounted and kSized give an
-  // empty block when a number would pass 65535.
+  // `out` gets exactly the block. `codePage` 0 leaves each string's own. kCounted and kSized give
+  // an empty block when a number would pass 65535.
   void JoinBlock(Buffer* out, BlockMode mode, uint32_t codePage = 0) const;
   void JoinBlockWide(Buffer* out, BlockMode mode) const;
   // Replaces the content. `size` in bytes; nothing outside it is read, whatever the block says.

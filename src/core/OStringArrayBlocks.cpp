@@ -73,9 +73,10 @@ void Join(const OStringArray& list, Buffer* out, BlockMode mode, uint32_t codePa
   BlockWriter<Unit> counter(nullptr);
   WriteBlock(list, &counter, mode, codePage, 0);
   size_t size = counter.Size;
-  bool tooLarge = (mode == BlockMode::kSized && size > kLargestNumber) ||
-                  (mode == BlockMode::kCounted && static_cast<size_t>(list.Count) > kLargestNumber) ||
-                  size > UINT32_MAX;
+  bool tooLarge =
+      (mode == BlockMode::kSized && size > kLargestNumber) ||
+      (mode == BlockMode::kCounted && static_cast<size_t>(list.Count) > kLargestNumber) ||
+      size > UINT32_MAX;
   out->Resize(tooLarge ? 0 : static_cast<uint32_t>(size));
   if (out->Size == 0) return;
   BlockWriter<Unit> writer(out->Data);

@@ -16,7 +16,8 @@ void DeleteFrom(OStringBody* body, size_t position, size_t count) {
   auto length = TextOf(FormOf(body, kForm<Unit>)).size();
   if (length == 0) return;
   Unit* text = RoomOf(body, kForm<Unit>);
-  MoveBytes(text + position, text + position + count, (length - position - count + 1) * sizeof(Unit));
+  MoveBytes(text + position, text + position + count,
+            (length - position - count + 1) * sizeof(Unit));
 }
 
 template <typename Unit>

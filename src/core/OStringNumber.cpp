@@ -126,8 +126,8 @@ void OString::IncrementUnits(bool spaced) {
 
   size_t kept = length - digits;
   Unit room[kDecimalRoom];
-  const Unit* number = Decimal(
-      digits ? static_cast<uint32_t>(ParseUnits(text + kept)) + 1 : 2U, room);
+  const Unit* number =
+      Decimal(digits ? static_cast<uint32_t>(ParseUnits(text + kept)) + 1 : 2U, room);
   bool gap = digits == 0 && spaced && length > 0 && text[length - 1] != ' ';
 
   OStringBody* body = MakeUnique();

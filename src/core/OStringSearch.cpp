@@ -31,7 +31,9 @@ int CompareTexts(const Unit* a, const Unit* b, Fold fold) {
 constexpr auto kAsIs = [](unsigned unit) { return unit; };
 
 // npos is the largest size_t, and no text is that long.
-int Position(size_t found) { return found == std::string_view::npos ? -1 : static_cast<int>(found); }
+int Position(size_t found) {
+  return found == std::string_view::npos ? -1 : static_cast<int>(found);
+}
 
 template <typename Unit, typename What>
 int FindFrom(const Unit* text, What what, int start) {

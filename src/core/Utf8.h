@@ -1,5 +1,5 @@
-// UTF-8 as this system writes and reads it: one 16-bit unit at a time, so a surrogate is a character
-// of three bytes, and malformed input gives wrong characters, never an error.
+// UTF-8 as this system writes and reads it: one 16-bit unit at a time, so a surrogate is a
+// character of three bytes, and malformed input gives wrong characters, never an error.
 #pragma once
 
 namespace ostvt {

@@ -123,7 +123,7 @@ TEST(LZ77Decode, ReadsAFrameMadeByHand) {
   EXPECT_EQ("abc", plain);
 }
 
-// An output of null would be touched by any decoding.
+// Decoding would have left its mark in the output.
 TEST(LZ77Decode, WrongPackedSizeIsRefusedBeforeDecoding) {
   for (uint32_t packedSize : {13u, 15u, 0u, 0xFFFFFFFFu}) {
     const std::string frame = Frame(3, packedSize, kStoredAbc);

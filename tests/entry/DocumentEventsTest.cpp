@@ -66,8 +66,7 @@ TEST_F(DocumentEvents, NewContextIsToldItsOwnValue) {
   ASSERT_EQ(sent.size(), 1u);
   EXPECT_EQ(sent[0].Context, Context);
   EXPECT_EQ(sent[0].Number, 19902);
-  EXPECT_EQ(sent[0].Input,
-            (std::vector<uint8_t>{0x88, 0x77, 0x66, 0x55, 0x44, 0x33, 0x22, 0x11}));
+  EXPECT_EQ(sent[0].Input, (std::vector<uint8_t>{0x88, 0x77, 0x66, 0x55, 0x44, 0x33, 0x22, 0x11}));
 }
 
 TEST_F(DocumentEvents, ShadowEventsSendNoEscape) {

@@ -25,8 +25,8 @@ class GuardedBlock {
     DWORD old = 0;
     VirtualProtect(Base + Whole, kPage, PAGE_NOACCESS, &old);
 #else
-    Base = static_cast<uint8_t*>(mmap(nullptr, Whole + kPage, PROT_READ | PROT_WRITE,
-                                      MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
+    Base = static_cast<uint8_t*>(
+        mmap(nullptr, Whole + kPage, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
     mprotect(Base + Whole, kPage, PROT_NONE);
 #endif
     memset(Base, kBefore, Whole);

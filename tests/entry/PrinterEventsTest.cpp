@@ -19,8 +19,8 @@ class PrinterEvents : public EntryTest {
  protected:
   // Bytes of the mark of a refused driver; empty without one.
   std::vector<uint8_t> Mark(uint32_t* type) {
-    std::u16string path =
-        u"SYSTEM\\CurrentControlSet\\Control\\Print\\Printers\\" + NameText() + u"\\PrinterDriverData";
+    std::u16string path = u"SYSTEM\\CurrentControlSet\\Control\\Print\\Printers\\" + NameText() +
+                          u"\\PrinterDriverData";
     platform::KeyHandle key = platform::OpenKey(platform::Hive::kLocalMachine, path.c_str(), false);
     std::vector<uint8_t> bytes(100);
     int size = key ? platform::ReadValue(key, kMark, bytes.data(), 100, type) : -1;
@@ -154,7 +154,6 @@ TEST_F(PrinterEvents, UpgradeMakesTheStoredDevModeThisDrivers) {
   AddPrinter();
   EXPECT_TRUE(UpgradePrinter(Name(), kCurrent));
   EXPECT_EQ(StoredDevMode().size(), 1516u);
-  EXPECT_EQ(platform::LastErrorNumber() == 87 || platform::LastErrorNumber() == 2001, false);
 }
 
 TEST_F(PrinterEvents, UpgradeRefreshesTheModelsDefinitions) {

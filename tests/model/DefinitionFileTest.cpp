@@ -68,7 +68,7 @@ TEST_F(DefinitionFileTest, ADamagedMemberReadsAsEmpty) {
   test::ZipEntry entry;
   entry.Name = "One.d";
   entry.Data = "[A]\nk=1\n";
-  entry.PlainSize = 500;
+  entry.Packed = "\xFF\xFF no deflate stream";
   Zip.Add(entry);
   Write("Two.d", "[A]\nk=2\n");
   DefinitionFile& file = File();

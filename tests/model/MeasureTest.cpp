@@ -58,9 +58,7 @@ TEST(Measure, UnitsIgnoreCaseAndInchesMayGoOn) {
   }
 }
 
-TEST(Measure, BlanksAroundAreOfNoMatter) {
-  EXPECT_EQ(Parsed(" \t\r\n 1 \t\r\n mm \t\r\n"), 10000);
-}
+TEST(Measure, BlanksAroundAreOfNoMatter) { EXPECT_EQ(Parsed(" \t\r\n 1 \t\r\n mm \t\r\n"), 10000); }
 
 TEST(Measure, APartMissingGivesZero) {
   EXPECT_EQ(Parsed(""), 0);

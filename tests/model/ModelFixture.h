@@ -44,8 +44,8 @@ class ModelFixture : public testing::Test {
     Base.WriteTo(Archives.Path(maker + "#base.ddz"));
     Family.WriteTo(Archives.Path(maker + "#ost.ddz"));
     options.DriverDirectory = Archives.WidePath(u"");
-    if (!options.DriverDirectory.empty() && (options.DriverDirectory.back() == u'/' ||
-                                             options.DriverDirectory.back() == u'\\')) {
+    if (!options.DriverDirectory.empty() &&
+        (options.DriverDirectory.back() == u'/' || options.DriverDirectory.back() == u'\\')) {
       options.DriverDirectory.pop_back();
     }
     Printers.push_back(std::make_unique<TestPrinter>(options));

@@ -22,6 +22,7 @@ std::vector<uint8_t> DevModeBlock(uint16_t size, uint16_t extra, uint8_t fill) {
   static_assert(sizeof name == 64);
   memcpy(block.data(), name, 64);
   memset(&block[64], 0, 8);
+  memcpy(&block[102], name, 64);
   memcpy(&block[68], &size, 2);
   memcpy(&block[70], &extra, 2);
   return block;

@@ -255,6 +255,7 @@ TEST_F(SqliteKeyStore, KilledWriterLosesNothingThatWasWritten) {
 
 TEST_F(SqliteKeyStore, KilledMakerOfKeysLeavesWholePaths) {
   std::mt19937 random(2);
+  WriteText(u"A", u"V", "x");
   for (int round = 0; round < 20; ++round) {
     std::u16string base = NumberName(u"Round", round);
     pid_t child = Fork([&] {
@@ -273,6 +274,22 @@ TEST_F(SqliteKeyStore, KilledMakerOfKeysLeavesWholePaths) {
   EXPECT_EQ(Sql("SELECT count(*) FROM keys WHERE hex(name) LIKE '6B00%'"),
             Sql("SELECT count(*) FROM keys WHERE hex(name) = '6300'"));
   EXPECT_EQ("ok", Sql("PRAGMA integrity_check"));
+}
+
+TEST_F(SqliteKeyStore, KilledMakerOfTheFileLeavesOneThatWorks) {
+  std::mt19937 random(4);
+  for (int round = 0; round < 30; ++round) {
+    std::string directory = Store.Files().Path("round" + std::to_string(round));
+    setenv("OSTVT_STORE_DIR", directory.c_str(), 1);
+    pid_t child = Fork([] { WriteText(u"A", u"V", "child"); });
+    usleep(static_cast<useconds_t>(random() % 12000));
+    kill(child, SIGKILL);
+    Wait(child);
+    std::string value = ReadText(u"A", u"V");
+    EXPECT_TRUE(value == "(none)" || value == "child") << value;
+    EXPECT_EQ(6, WriteText(u"A", u"V", "parent"));
+    EXPECT_EQ("parent", ReadText(u"A", u"V"));
+  }
 }
 
 class DamagedKeyStore : public SqliteKeyStore {

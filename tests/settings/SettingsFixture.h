@@ -123,8 +123,7 @@ class TestBlock {
   }
   void Put(uint32_t offset, uint32_t width, uint32_t value) {
     ASSERT_LE(offset + width, Size);
-    for (uint32_t i = 0; i < width; ++i)
-      Bytes[offset + i] = static_cast<uint8_t>(value >> (8 * i));
+    for (uint32_t i = 0; i < width; ++i) Bytes[offset + i] = static_cast<uint8_t>(value >> (8 * i));
   }
   void PutText(uint32_t offset, const char* text) {
     for (; *text != 0; ++text) Put(offset++, 1, static_cast<uint8_t>(*text));

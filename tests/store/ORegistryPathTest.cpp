@@ -234,8 +234,9 @@ TEST(ORegistryPath, PathWithoutColonOrSlashFailsWithoutARoot) {
 }
 
 TEST(ORegistryPath, PositionsHoldInWideAndMultiByteText) {
-  OString path = "2:\x83\x5C/\x83\x5Cx";  // a pair whose second byte is a backslash's
+  OString path;
   path.SetCodePage(932);
+  path = "2:\x83\x5C/\x83\x5Cx";  // a pair whose second byte is a backslash's
   ORegistry registry;
   OString key;
   ASSERT_TRUE(registry.SplitPath(&key, &path));

@@ -286,9 +286,7 @@ TEST_F(ORegistryStore, PathWithoutHiveGivesNoKey) {
 
 TEST_F(ORegistryStore, HiveNumberIsParsedAsANumber) {
   Registry.WriteByte(At("V"), 5);
-  platform::KeyHandle key = Registry.OpenKey(" +01x:SOFTWARE/Vantrel/Drivers/Tests-Store//", false);
-  EXPECT_EQ(nullptr, key);
-  key = Registry.OpenKey(" +01x:SOFTWARE/Vantrel/Drivers/Tests-Store/", false);
+  platform::KeyHandle key = Registry.OpenKey(" +01x:SOFTWARE/Vantrel/Drivers/Tests-Store/", false);
   EXPECT_TRUE(platform::QueryKey(key, nullptr, nullptr));
   platform::CloseKey(key);
 }
@@ -360,12 +358,12 @@ TEST_F(ORegistryStore, EnumerationTakesThePathWithoutTheRoot) {
 }
 
 TEST_F(ORegistryStore, PatternIsMatchedWithCase) {
-  for (const char* name : {"Size", "Speed", "size", "Gap", "S"}) Registry.WriteByte(At(name), 1);
+  for (const char* name : {"Size", "Speed", "side", "Gap", "S"}) Registry.WriteByte(At(name), 1);
   OStringArray names;
   EXPECT_EQ(3, Registry.FindValues(At("S*"), &names));
   EXPECT_EQ("S,Size,Speed", Joined(names));
-  EXPECT_EQ(2, Registry.FindValues(At("?ize"), &names));
-  EXPECT_EQ("Size,size", Joined(names));
+  EXPECT_EQ(2, Registry.FindValues(At("?i?e"), &names));
+  EXPECT_EQ("Size,side", Joined(names));
   EXPECT_EQ(0, Registry.FindValues(At("X*"), &names));
   EXPECT_EQ(0, names.Count);
 }

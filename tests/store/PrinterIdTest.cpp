@@ -169,9 +169,10 @@ TEST(PrinterId, StoredDevModeIsCopiedWhole) {
   TestPrinter printer;
   ASSERT_TRUE(printer.IsReady());
   std::vector<uint8_t> block(1516, 0x5A);
-  // The spooler leaves what stands behind the device name unset, so there is nothing.
+  // Spoolers leave what stands behind the device and form names unset, so there is nothing.
   const char16_t name[] = u"A name of thirty-one characters";
   memcpy(block.data(), name, sizeof name);
+  memcpy(&block[102], name, sizeof name);
   const uint16_t size = 220;
   const uint16_t extra = 1296;
   memcpy(&block[68], &size, 2);

@@ -13,6 +13,7 @@ namespace {
 
 // How long a call waits for another process's transaction.
 constexpr int kBusyMilliseconds = 10000;
+constexpr int kBusyStep = 2;
 constexpr int kSchemaVersion = 1;
 
 constexpr const char* kFileNames[] = {"classes_root.db", "current_user.db", "local_machine.db",
@@ -75,6 +76,15 @@ const char* TextOf(Query query) {
 
 bool Execute(sqlite3* database, const char* text) {
   return sqlite3_exec(database, text, nullptr, nullptr, nullptr) == SQLITE_OK;
+}
+
+// The change of the journal does not wait by itself while another process makes the same change.
+bool SwitchToLog(sqlite3* database) {
+  for (int waited = 0;; waited += kBusyStep) {
+    int result = sqlite3_exec(database, "PRAGMA journal_mode=WAL", nullptr, nullptr, nullptr);
+    if ((result & 0xFF) != SQLITE_BUSY || waited >= kBusyMilliseconds) return result == SQLITE_OK;
+    usleep(kBusyStep * 1000);
+  }
 }
 
 // The first column of the first row; -1 on failure.
@@ -209,9 +219,8 @@ bool HiveFile::Configure(bool readOnly) {
   sqlite3_file_control(Database, "main", SQLITE_FCNTL_PERSIST_WAL, &keepLog);
   // Committed is committed even if the process is killed right away. Where the log cannot be had,
   // the file's own journal gives the same.
-  if (!Execute(
-          Database,
-          "PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL; PRAGMA journal_size_limit=0;")) {
+  if (!SwitchToLog(Database) ||
+      !Execute(Database, "PRAGMA synchronous=NORMAL; PRAGMA journal_size_limit=0;")) {
     return false;
   }
   int version = ReadNumber(Database, "PRAGMA user_version");
