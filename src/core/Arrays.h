@@ -13,6 +13,7 @@ namespace ostvt {
 // when that is 0 an eighth of the old count, from 4 to 1024, so that appends stay cheap.
 int32_t GrownCapacity(int32_t count, int32_t oldCount, int32_t capacity, int32_t growBy);
 
+// The members stand in Arrays.cpp, made there for the five element types below.
 template <typename T>
 class PlainArray {
  public:
@@ -52,11 +53,5 @@ using WordArray = PlainArray<uint16_t>;
 using DwordArray = PlainArray<uint32_t>;
 using PointerArray = PlainArray<void*>;  // elements are not owned
 using RecordArray = PlainArray<Record16>;
-
-extern template class PlainArray<uint8_t>;
-extern template class PlainArray<uint16_t>;
-extern template class PlainArray<uint32_t>;
-extern template class PlainArray<void*>;
-extern template class PlainArray<Record16>;
 
 }  // namespace ostvt

@@ -14,8 +14,6 @@ OStringArray& OStringArray::operator=(const OStringArray& other) {
   return *this;
 }
 
-OStringArray::~OStringArray() { delete[] Data; }
-
 void OStringArray::SetSize(int32_t count, int32_t growBy) {
   if (growBy != -1) GrowBy = growBy;
   if (count <= 0) {

@@ -23,7 +23,7 @@ class OStringArray {
   OStringArray() = default;
   OStringArray(const OStringArray& other);
   OStringArray& operator=(const OStringArray& other);
-  virtual ~OStringArray();
+  virtual ~OStringArray() { delete[] Data; }
 
   OString& operator[](int32_t index) { return Data[index]; }
   const OString& operator[](int32_t index) const { return Data[index]; }

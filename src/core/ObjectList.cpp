@@ -2,10 +2,6 @@
 
 namespace ostvt {
 
-ListItem::~ListItem() {
-  if (Owner) Owner->Detach(this);
-}
-
 bool ObjectList::Link(ListItem* item, ListItem* previous, ListItem* next) {
   item->Owner = this;
   item->Previous = previous;

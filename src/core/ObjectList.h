@@ -12,7 +12,7 @@ class ObjectList;
 class ListItem {
  public:
   ListItem() = default;
-  virtual ~ListItem();
+  inline virtual ~ListItem();
   ListItem(const ListItem&) = delete;
   ListItem& operator=(const ListItem&) = delete;
 
@@ -44,5 +44,9 @@ class ObjectList {
  private:
   bool Link(ListItem* item, ListItem* previous, ListItem* next);
 };
+
+ListItem::~ListItem() {
+  if (Owner) Owner->Detach(this);
+}
 
 }  // namespace ostvt

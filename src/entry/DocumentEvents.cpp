@@ -19,11 +19,16 @@ constexpr int kEscapeJobStarts = 15041;
 
 // The platform passes the address of a pointer to the job's record, which states its own size.
 bool PrintsToFile(const void* input, uint32_t sizeIn) {
-  const DocInfo* info = nullptr;
+  const uint8_t* info = nullptr;
   if (!input || sizeIn < sizeof info) return false;
   memcpy(&info, input, sizeof info);
-  constexpr int32_t needed = offsetof(DocInfo, lpszOutput) + sizeof info->lpszOutput;
-  return info && info->cbSize >= needed && info->lpszOutput;
+  if (!info) return false;
+  int32_t size = 0;
+  memcpy(&size, info, sizeof size);
+  const char16_t* output = nullptr;
+  if (size < static_cast<int32_t>(offsetof(DocInfo, lpszOutput) + sizeof output)) return false;
+  memcpy(&output, info + offsetof(DocInfo, lpszOutput), sizeof output);
+  return output != nullptr;
 }
 
 }  // namespace

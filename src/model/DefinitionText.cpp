@@ -1,6 +1,8 @@
 #include "model/DefinitionText.h"
 
+#include <algorithm>
 #include <cstring>
+#include <iterator>
 
 #include "model/NameMap.h"
 #include "model/StringMap.h"
@@ -8,18 +10,23 @@
 namespace ostvt {
 namespace {
 
-constexpr char kDefaultHeader[] = "[.default]";
+constexpr char kDefaultName[] = ".default";
+
+// About as many bytes as a line has, to make room for the lines at once.
+constexpr size_t kBytesALine = 24;
 
 bool IsBlank(char character) {
   return character == ' ' || character == '\t' || character == '\r' || character == '\n';
 }
 
-OString Trimmed(const char* begin, const char* end) {
-  while (begin < end && IsBlank(*begin)) ++begin;
-  while (begin < end && IsBlank(end[-1])) --end;
-  OString text;
-  if (begin < end) text.AssignCount(begin, static_cast<int>(end - begin));
-  return text;
+const char* FindByte(const char* begin, const char* end, char byte) {
+  return static_cast<const char*>(memchr(begin, byte, static_cast<size_t>(end - begin)));
+}
+
+OString MakeText(const char* text, size_t length) {
+  OString made;
+  if (length > 0) made.AssignCount(text, static_cast<int>(length));
+  return made;
 }
 
 }  // namespace
@@ -27,88 +34,135 @@ OString Trimmed(const char* begin, const char* end) {
 DefinitionText::DefinitionText(const char* text, uint32_t size) {
   // A line's length must fit the counts of a text.
   if (!text || size > static_cast<uint32_t>(kNumberLimit)) return;
-  if (const void* end = memchr(text, 0, size)) {
-    size = static_cast<uint32_t>(static_cast<const char*>(end) - text);
-  }
-  SplitLines(text, size);
+  const char* nul = FindByte(text, text + size, 0);
+  SplitLines(text, nul ? static_cast<size_t>(nul - text) : size);
 }
 
-void DefinitionText::SplitLines(const char* text, uint32_t size) {
+void DefinitionText::SplitLines(const char* text, size_t size) {
   // Lines point into the copy, so it must not grow later.
   Copy.reserve(size);
-  const char* const end = text + size;
-  while (text < end) {
-    const auto* feed =
-        static_cast<const char*>(memchr(text, '\n', static_cast<size_t>(end - text)));
+  if (FindByte(text, text + size, '\r')) {
+    std::copy_if(text, text + size, std::back_inserter(Copy), [](char c) { return c != '\r'; });
+  } else {
+    Copy.assign(text, text + size);
+  }
+  Lines.reserve(size / kBytesALine);
+  const char* line = Copy.data();
+  const char* const end = line + Copy.size();
+  while (line < end) {
+    const char* feed = FindByte(line, end, '\n');
     const char* lineEnd = feed ? feed : end;
-    const size_t start = Copy.size();
-    for (const char* part = text; part < lineEnd;) {
-      const auto* cr =
-          static_cast<const char*>(memchr(part, '\r', static_cast<size_t>(lineEnd - part)));
-      const char* partEnd = cr ? cr : lineEnd;
-      Copy.insert(Copy.end(), part, partEnd);
-      part = cr ? cr + 1 : lineEnd;
-    }
-    AddLine(Copy.data() + start, static_cast<int32_t>(Copy.size() - start));
-    text = feed ? feed + 1 : end;
+    AddLine({line, static_cast<size_t>(lineEnd - line)});
+    line = feed ? feed + 1 : end;
   }
 }
 
-// Comments, empty lines and what stands before the first header are of no use to any section.
-void DefinitionText::AddLine(const char* text, int32_t length) {
-  if (length == 0 || text[0] == '!') return;
-  const auto line = static_cast<uint32_t>(Lines.size());
-  if (text[0] == '[') {
-    OString header;
-    header.AssignCount(text, length);
-    const bool isDefault = header == kDefaultHeader;
-    Blocks.push_back(Block{header, line, line, isDefault, false, {}});
-  } else if (!Blocks.empty()) {
-    Lines.push_back(Line{text, length});
-    Blocks.back().EndLine = line + 1;
+// Comments, empty lines and what stands before the first header are of no use to any section; nor
+// are the lines behind a header that does not end in a bracket, which no section has.
+void DefinitionText::AddLine(Span line) {
+  if (line.Length == 0 || line.Text[0] == '!') return;
+  const auto number = static_cast<uint32_t>(Lines.size());
+  if (line.Text[0] == '[') {
+    const bool whole = line.Length >= 2 && line.Text[line.Length - 1] == ']';
+    InSection = whole;
+    if (!whole) return;
+    Span name = {line.Text + 1, line.Length - 2};
+    const bool isDefault =
+        name.Length == sizeof kDefaultName - 1 && memcmp(name.Text, kDefaultName, name.Length) == 0;
+    Blocks.push_back({MakeText(name.Text, name.Length), number, number, isDefault, false, {}});
+  } else if (InSection) {
+    Lines.push_back(line);
+    Blocks.back().EndLine = number + 1;
   }
 }
 
-void DefinitionText::SplitEntries(Block* block) const {
-  block->IsSplit = true;
-  block->Entries.reserve(block->EndLine - block->FirstLine);
+DefinitionText::Span DefinitionText::Trimmed(const char* begin, const char* end) {
+  while (begin < end && IsBlank(*begin)) ++begin;
+  while (begin < end && IsBlank(end[-1])) --end;
+  return {begin, static_cast<size_t>(end - begin)};
+}
+
+// Equal texts come with equal `spread` values.
+const OString& DefinitionText::TextOf(Span span, size_t spread) {
+  KnownText& known = Known[spread % kKnownTexts];
+  if (known.Where.Length != span.Length ||
+      (span.Length > 0 && memcmp(known.Where.Text, span.Text, span.Length) != 0)) {
+    known.Where = span;
+    known.Text = MakeText(span.Text, span.Length);
+  }
+  return known.Text;
+}
+
+void DefinitionText::SplitEntries(Block* block) {
+  struct Piece {
+    Span Key;
+    Span Value;
+    uint32_t Hash;
+    bool Grows;
+  };
+  std::vector<Piece> pieces;
+  pieces.reserve(block->EndLine - block->FirstLine);
   for (uint32_t i = block->FirstLine; i < block->EndLine; ++i) {
     const char* begin = Lines[i].Text;
     const char* end = begin + Lines[i].Length;
-    const auto* equals =
-        static_cast<const char*>(memchr(begin, '=', static_cast<size_t>(end - begin)));
+    const char* equals = FindByte(begin, end, '=');
     if (!equals) continue;
     const char* keyEnd = equals;
-    const char* value = equals + 1;
+    const char* valueBegin = equals + 1;
     // "+=" anywhere in the line makes it a growing one, even behind an earlier "=".
     bool grows = false;
-    for (const char* at = equals; at;) {
-      if (at > begin && at[-1] == '+') {
-        keyEnd = at - 1;
-        value = at + 1;
-        grows = true;
-        break;
-      }
-      at = static_cast<const char*>(memchr(at + 1, '=', static_cast<size_t>(end - at - 1)));
+    for (const char* at = equals; at; at = FindByte(at + 1, end, '=')) {
+      if (at == begin || at[-1] != '+') continue;
+      keyEnd = at - 1;
+      valueBegin = at + 1;
+      grows = true;
+      break;
     }
-    Entry entry{Trimmed(begin, keyEnd), Trimmed(value, end), 0, grows};
-    entry.Hash = NameMap::HashOf(entry.Key);
-    block->Entries.push_back(static_cast<Entry&&>(entry));
+    const Span key = Trimmed(begin, keyEnd);
+    const uint32_t hash = NameMap::HashOf(key.Text, key.Length);
+    pieces.push_back({key, Trimmed(valueBegin, end), hash, grows});
   }
+  std::stable_sort(pieces.begin(), pieces.end(),
+                   [](const Piece& a, const Piece& b) { return a.Hash > b.Hash; });
+  block->Entries.reserve(pieces.size());
+  for (const Piece& piece : pieces) {
+    const Span& value = piece.Value;
+    const size_t spread = value.Length == 0
+                              ? 0
+                              : value.Length * 31 + static_cast<uint8_t>(value.Text[0]) * 7U +
+                                    static_cast<uint8_t>(value.Text[value.Length - 1]);
+    block->Entries.push_back(
+        {TextOf(piece.Key, piece.Hash), TextOf(value, spread), piece.Hash, piece.Grows});
+  }
+  block->IsSplit = true;
 }
 
 void DefinitionText::ReadSection(const OString& section, StringMap* map) {
-  const OString header = "[" + section + "]";
+  const auto isBefore = [](const Entry* a, const Entry* b) { return a->Hash > b->Hash; };
+  std::vector<const Entry*> entries;
+  ptrdiff_t lastRun = 0;
+  int runs = 0;
   for (Block& block : Blocks) {
-    if (!block.IsDefault && !(block.Header == header)) continue;
+    if (!block.IsDefault && !(block.Name == section)) continue;
     if (!block.IsSplit) SplitEntries(&block);
-    for (const Entry& entry : block.Entries) {
-      const OString* old = entry.Grows ? map->FindString(entry.Key, entry.Hash) : nullptr;
-      if (old && !old->IsEmpty()) {
-        map->SetString(entry.Key, entry.Hash, *old + "," + entry.Value);
-      } else {
-        map->SetString(entry.Key, entry.Hash, entry.Value);
-      }
+    lastRun = static_cast<ptrdiff_t>(entries.size());
+    ++runs;
+    for (const Entry& entry : block.Entries) entries.push_back(&entry);
+  }
+  // Each block's entries are in order already.
+  if (runs == 2) {
+    std::inplace_merge(entries.begin(), entries.begin() + lastRun, entries.end(), isBefore);
+  } else if (runs > 2) {
+    std::stable_sort(entries.begin(), entries.end(), isBefore);
+  }
+  // In the map's own order each entry goes to its end. Lines of one key come in the file's order.
+  map->ExpectMore(static_cast<int32_t>(entries.size()));
+  for (const Entry* entry : entries) {
+    const OString* old = entry->Grows ? map->FindString(entry->Key, entry->Hash) : nullptr;
+    if (old && !old->IsEmpty()) {
+      map->SetString(entry->Key, entry->Hash, *old + "," + entry->Value);
+    } else {
+      map->SetString(entry->Key, entry->Hash, entry->Value);
     }
   }
 }

@@ -11,6 +11,7 @@
 // and values are trimmed of " \t\r\n". Lines that are none of these are passed over. One thread.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -31,33 +32,46 @@ class DefinitionText {
   void ReadSection(const OString& section, StringMap* map);
 
  private:
-  struct Line {
+  // A piece of the text: a line, or a trimmed key or value.
+  struct Span {
     const char* Text;
-    int32_t Length;
+    size_t Length;
   };
   struct Entry {
     OString Key;
     OString Value;
-    uint32_t Hash;
+    uint32_t Hash;  // of the key
     bool Grows;
   };
   // The lines from one header to the next.
   struct Block {
-    OString Header;  // the whole line
+    OString Name;  // what stands between the brackets
     uint32_t FirstLine;
     uint32_t EndLine;
     bool IsDefault;
     bool IsSplit;
+    // In the order of a map, made when the block is first read. Lines of one key keep their order.
     std::vector<Entry> Entries;
   };
+  // A text that was met lately. The same few words stand for many values, and the same keys in many
+  // sections.
+  struct KnownText {
+    Span Where = {nullptr, 0};
+    OString Text;
+  };
+  static constexpr size_t kKnownTexts = 128;
 
-  void SplitLines(const char* text, uint32_t size);
-  void AddLine(const char* text, int32_t length);
-  void SplitEntries(Block* block) const;
+  static Span Trimmed(const char* begin, const char* end);
+  const OString& TextOf(Span span, size_t spread);
+  void SplitLines(const char* text, size_t size);
+  void AddLine(Span line);
+  void SplitEntries(Block* block);
 
   std::vector<char> Copy;
-  std::vector<Line> Lines;
+  std::vector<Span> Lines;
   std::vector<Block> Blocks;
+  bool InSection = false;  // while lines are split
+  KnownText Known[kKnownTexts];
 };
 
 }  // namespace ostvt

@@ -1,9 +1,26 @@
 #include "model/StringMap.h"
 
 namespace ostvt {
+namespace {
+
+constexpr int32_t kValuesAtATime = 16;
+
+}  // namespace
 
 StringMap::~StringMap() {
-  for (int32_t i = 0; i < Values.Count; ++i) delete static_cast<OString*>(Values[i]);
+  for (OString* block : Blocks) delete[] block;
+}
+
+void StringMap::ExpectMore(int32_t count) {
+  if (count <= FreeInBlock) return;
+  Reserve(count);
+  BlockSize = FreeInBlock = count;
+  Blocks.push_back(new OString[static_cast<size_t>(count)]);
+}
+
+OString* StringMap::NewValue() {
+  if (FreeInBlock == 0) ExpectMore(kValuesAtATime);
+  return Blocks.back() + (BlockSize - FreeInBlock--);
 }
 
 const OString* StringMap::FindString(const OString& key) const {
@@ -29,7 +46,9 @@ void StringMap::SetString(const OString& key, uint32_t hash, const OString& valu
   if (index >= 0) {
     *static_cast<OString*>(Values[index]) = value;
   } else {
-    Set(key, hash, new OString(value));
+    OString* added = NewValue();
+    *added = value;
+    Insert(key, hash, added);
   }
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "core/OString.h"
 #include "model/NameMap.h"
@@ -26,6 +27,16 @@ class StringMap : public NameMap {
   const OString* FindString(const OString& key) const;
   const OString* FindString(const OString& key, uint32_t hash) const;
   void SetString(const OString& key, uint32_t hash, const OString& value);
+  // Makes room for `count` more keys.
+  void ExpectMore(int32_t count);
+
+ private:
+  OString* NewValue();
+
+  // The values lie in blocks of this many, since each is as small as a pointer.
+  std::vector<OString*> Blocks;
+  int32_t BlockSize = 0;
+  int32_t FreeInBlock = 0;
 };
 
 }  // namespace ostvt

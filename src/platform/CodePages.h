@@ -1,4 +1,9 @@
-// Code pages by the platform's numbers; 0 is the system's ANSI page.
+// Code pages by the platform's numbers. 0 and 3 stand for the system's ANSI page, 1 for its OEM
+// page, 2 for the Macintosh page; 42 puts bytes into the private area. These convert, but are not
+// valid numbers themselves.
+//
+// On Linux the ANSI page is 1252 and the OEM page 437, unless OSTVT_ANSI_CODE_PAGE and
+// OSTVT_OEM_CODE_PAGE of the environment name other valid pages when they are first asked for.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +16,8 @@ bool IsValidCodePage(uint32_t codePage);
 
 // NUL-terminated text to NUL-terminated text. Gives the units (bytes) written, terminator included,
 // or 0 when the page is not valid or the text does not fit; the target's content is then undefined.
-// Never writes past `capacity` units (bytes).
+// Never writes past `capacity` units (bytes). What the page lacks becomes "?", on Windows perhaps a
+// letter that looks like it.
 int NarrowToWide(uint32_t codePage, const char* source, char16_t* target, int capacity);
 int WideToNarrow(uint32_t codePage, const char16_t* source, char* target, int capacity);
 

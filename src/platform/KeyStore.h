@@ -57,4 +57,31 @@ bool QueryKey(KeyHandle key, int* subKeys, int* values);
 bool DeleteKey(KeyHandle parent, const char16_t* name);
 bool DeleteValue(KeyHandle key, const char16_t* name);
 
+// Takes calls of one thread on one hive together for as long as it lives. Others that hold one for
+// writing, in any process, wait until it is gone. One inside another of the same hive is part of
+// that one. Not for long: on Linux it keeps every other thread of the process off the store.
+class KeyStoreTransaction {
+ public:
+  enum class Purpose {
+    kRead,   // the calls see one state; write nothing meanwhile
+    kWrite,  // what is written is there for others once Commit was called
+  };
+  KeyStoreTransaction(Hive hive, Purpose purpose);
+  // What was not committed is undone, where it can be.
+  ~KeyStoreTransaction();
+  KeyStoreTransaction(const KeyStoreTransaction&) = delete;
+  KeyStoreTransaction& operator=(const KeyStoreTransaction&) = delete;
+
+  // False: there is no such hive, it takes no writes, or somebody kept it for too long. Calls then
+  // stand for themselves.
+  bool IsOpen() const { return State != nullptr; }
+  // The registry undoes nothing: each value is there as soon as it is written.
+  bool CanRollBack() const;
+  // Once, for kWrite.
+  bool Commit();
+
+ private:
+  void* State = nullptr;
+};
+
 }  // namespace ostvt::platform

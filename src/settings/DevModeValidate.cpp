@@ -29,16 +29,18 @@ bool HasResolution(PrinterModel* model, int16_t x, int16_t y) {
 }
 
 void ClampDither(DitherSetup* dither) {
+  // By value: a record may lie at an odd address, where no reference to a field may be made.
+  const auto most = [](uint16_t value, uint16_t highest) { return std::min(value, highest); };
   const auto adjustment = [](int16_t value) { return std::clamp<int16_t>(value, -100, 100); };
-  dither->method = std::min<uint16_t>(dither->method, 5);
+  dither->method = most(dither->method, 5);
   dither->brightness = adjustment(dither->brightness);
   dither->contrast = adjustment(dither->contrast);
   dither->redAdjust = adjustment(dither->redAdjust);
   dither->greenAdjust = adjustment(dither->greenAdjust);
   dither->blueAdjust = adjustment(dither->blueAdjust);
-  dither->orderedSize = std::min<uint16_t>(dither->orderedSize, 2);
+  dither->orderedSize = most(dither->orderedSize, 2);
   if (dither->halftoneSize > 3) dither->halftoneSize = 2;
-  dither->diffusionKind = std::min<uint16_t>(dither->diffusionKind, 1);
+  dither->diffusionKind = most(dither->diffusionKind, 1);
   // It indexes a table, so a wild value must not stay.
   if (dither->screenIndex < 0 || dither->screenIndex > 19) dither->screenIndex = 18;
 }

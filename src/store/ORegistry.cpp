@@ -106,6 +106,12 @@ int32_t ORegistry::WriteValue(const OString& path, const void* data, int32_t siz
   OString key = Root;
   OString name = path;
   if (!SplitPath(&key, &name)) return -1;
+  {
+    // Most keys are there already, and a look first would cost as much again as half the write.
+    ScopedKey opened(OpenKey(key, false));
+    int32_t written = platform::WriteValue(opened.Get(), name.GetWide(), data, size, type);
+    if (written >= 0) return written;
+  }
   ScopedKey opened(OpenKey(key, true));
   return platform::WriteValue(opened.Get(), name.GetWide(), data, size, type);
 }

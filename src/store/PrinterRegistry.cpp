@@ -124,12 +124,17 @@ void PrinterRegistry::ResolvePath(OString* path) const {
   ORegistry::ResolvePath(path);
 }
 
+platform::Hive PrinterRegistry::GetDataHive() const {
+  const bool ofUser = IsShadowed && (!DriverOnNtPath || DriverIsVersion3);
+  return ofUser ? platform::Hive::kCurrentUser : platform::Hive::kLocalMachine;
+}
+
 platform::KeyHandle PrinterRegistry::OpenKey(const OString& canonicalPath, bool create) const {
   if (!IsShadowed) return ORegistry::OpenKey(canonicalPath, create);
   for (const ShadowHead& shadow : kShadowHeads) {
     if (!StartsWithNoCase(canonicalPath, shadow.Head)) continue;
-    OString path = !DriverOnNtPath || DriverIsVersion3 ? "1:SOFTWARE/Vantrel/Drivers/"
-                                                       : "2:SOFTWARE/Vantrel/Drivers/";
+    OString path = GetDataHive() == platform::Hive::kCurrentUser ? "1:SOFTWARE/Vantrel/Drivers/"
+                                                                 : "2:SOFTWARE/Vantrel/Drivers/";
     if (IsRemote) path += OString("@") + Escape(ServerName) + "/";
     path += shadow.Name;
     path += canonicalPath.Mid(shadow.Units);

@@ -22,6 +22,8 @@ class PrinterRegistry : public ORegistry {
   platform::KeyHandle OpenKey(const OString& canonicalPath, bool create) const override;
 
   bool IsBidiEnabled() const;
+  // The hive that the paths below "DATA:" and "LOCAL:" lead to.
+  platform::Hive GetDataHive() const;
   // Turns the shadow route on or off for this object.
   void SetShadowed(bool shadowed) { IsShadowed = shadowed; }
   // The branches that together hold the printer's configuration, each as an alias path of this

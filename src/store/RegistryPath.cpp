@@ -2,6 +2,7 @@
 // the store.
 #include "store/RegistryPath.h"
 
+#include <cstring>
 #include <string>
 
 #include "store/ORegistry.h"
@@ -46,11 +47,11 @@ bool Contains(const OString& text, const char16_t* set) {
   return false;
 }
 
+bool IsSeparator(char16_t unit) { return unit == u'/' || unit == u':'; }
+
 bool EndsInSeparator(const OString& path) {
-  int length = path.Length();
-  if (length == 0) return false;
-  char16_t last = path.GetWide()[length - 1];
-  return last == u'/' || last == u':';
+  const char16_t* text = path.GetWide();
+  return *text && IsSeparator(text[std::char_traits<char16_t>::length(text) - 1]);
 }
 
 // A doubled character of the grammar, or a backslash.
@@ -109,13 +110,18 @@ int LastSeparator(const OString& path) {
   const char16_t* text = path.GetWide();
   int last = -1;
   for (int i = 0; text[i]; ++i) {
-    if (text[i] == u'/' || text[i] == u':') last = i;
+    if (IsSeparator(text[i])) last = i;
   }
   return last;
 }
 
 void SubstituteAlias(OString* path, const char* alias, const char* target) {
-  if (StartsWithNoCase(*path, alias)) ORegistry::SubstitutePrefix(path, alias, target);
+  if (!StartsWithNoCase(*path, alias)) return;
+  const char16_t* rest = path->GetWide() + strlen(alias);
+  std::u16string text(target, target + strlen(target));
+  if (*rest && *rest != u'/' && !IsSeparator(text.back())) text += u'/';
+  text += rest;
+  *path = text.c_str();
 }
 
 OString ORegistry::Escape(const OString& name) {
@@ -184,11 +190,10 @@ void ORegistry::SubstitutePrefix(OString* path, const OString& alias, const OStr
     return;
   }
   if (path->Left(colon + 1).CompareNoCase(alias) != 0) return;
-  OString rest = path->Mid(colon + 1);
-  *path = target;
+  path->Delete(0, colon + 1);
   // A rest that brings its own separator must not make an empty element.
-  if (!EndsInSeparator(target) && rest.GetWide()[0] != u'/') *path += '/';
-  *path += rest;
+  if (!EndsInSeparator(target) && path->GetWide()[0] != u'/') path->Insert(0, "/", 1);
+  path->Insert(0, target);
 }
 
 bool ORegistry::SplitPath(OString* keyPath, OString* valuePath) const {

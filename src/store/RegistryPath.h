@@ -10,7 +10,7 @@ bool StartsWithNoCase(const OString& text, const char* prefix);
 // The last "/" or ":", or -1.
 int LastSeparator(const OString& path);
 
-// Applies SubstitutePrefix where `alias`, which ends in ":", heads the path.
+// SubstitutePrefix for an alias that ends in ":" and a target that is not empty.
 void SubstituteAlias(OString* path, const char* alias, const char* target);
 
 }  // namespace ostvt

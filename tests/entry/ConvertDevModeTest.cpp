@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "model/ModelDataRecord.h"
+#include "model/RecordCache.h"
 #include "tests/entry/EntryFixture.h"
 
 namespace ostvt::test {
@@ -250,18 +252,20 @@ TEST_F(StoredDriverDefault, FirstCallStoresTheBlock) {
 
 TEST_F(StoredDriverDefault, SecondCallBuildsNoModel) {
   AddPrinter();
-  // A stored block is taken as it is, so no model has had a look at it; and it is found even where
-  // no printer could be opened to make one.
+  const auto hasModelRecord = [this] {
+    ModelData record;
+    return TheRecordCache()->Get(Printer->Name() + ":ModelData", &record, sizeof record);
+  };
   std::vector<uint8_t> marked = DriverDefault();
+  EXPECT_TRUE(hasModelRecord());
+  CloseCaches();
+  OpenCaches();
+  // No model would make such a block, or let it pass.
   marked[400] ^= 0x5A;
   PutWordAt(&marked, kAtCopies, 0x7777);
-  PrinterRegistry elsewhere("No Such Printer");
-  ASSERT_EQ(elsewhere.WriteBinary("DATA:Initial DevMode", marked.data(), 1516), 1516);
-  std::vector<uint8_t> output(1516);
-  int32_t size = 1516;
-  EXPECT_TRUE(DrvConvertDevMode(u"No Such Printer", nullptr, output.data(), &size, 4));
-  EXPECT_EQ(output, marked);
-  elsewhere.Delete("DATA:Initial DevMode", false);
+  ASSERT_EQ(Store().WriteBinary("DATA:Initial DevMode", marked.data(), 1516), 1516);
+  EXPECT_EQ(DriverDefault(), marked);
+  EXPECT_FALSE(hasModelRecord());
 }
 
 TEST_F(StoredDriverDefault, StoredBlockOfAnotherSizeCountsAsAbsent) {

@@ -11,8 +11,9 @@ constexpr uint32_t kUnknown = 0xFFFFFFFF;
 
 class DeviceCapabilities : public EntryTest {
  protected:
-  uint32_t Ask(uint16_t capability, void* output = nullptr, const void* devMode = nullptr) {
-    return DrvDeviceCapabilities(nullptr, Name(), capability, output, devMode);
+  uint32_t Ask(int capability, void* output = nullptr, const void* devMode = nullptr) {
+    return DrvDeviceCapabilities(nullptr, Name(), static_cast<uint16_t>(capability), output,
+                                 devMode);
   }
 };
 
@@ -42,7 +43,7 @@ TEST_F(DeviceCapabilities, UnknownPrinterIsUnknown) {
 
 TEST_F(DeviceCapabilities, Capability34IsUnknown) {
   AddPrinter();
-  for (uint16_t capability : {0, 34, 35, 0x7FFF, 0x8000, 0xFFFF}) {
+  for (int capability : {0, 34, 35, 0x7FFF, 0x8000, 0xFFFF}) {
     EXPECT_EQ(Ask(capability), kUnknown) << capability;
   }
 }
@@ -84,7 +85,7 @@ TEST_F(DeviceCapabilities, CallersBlockIsReadOnlyAsFarAsItsHeaderSays) {
 
 TEST_F(DeviceCapabilities, CountAndDataOfAPairAgree) {
   AddPrinter();
-  for (uint16_t capability : {2, 3, 6, 12, 13, 14, 16, 25, 33}) {
+  for (int capability : {2, 3, 6, 12, 13, 14, 16, 25, 33}) {
     uint32_t count = Ask(capability);
     ASSERT_NE(count, kUnknown) << capability;
     std::vector<uint8_t> output(count * 128 + 1, 0xCD);

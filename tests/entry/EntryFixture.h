@@ -40,7 +40,11 @@ class EntryTest : public SettingsTest {
     platform::SetLastErrorNumber(kPoison);
   }
 
-  const char16_t* Name() { return Printer->Name().GetWide(); }
+  // Valid as long as the printer.
+  const char16_t* Name() {
+    if (!(GivenName == Printer->Name())) GivenName = Printer->Name();
+    return GivenName.GetWide();
+  }
   std::u16string NameText() { return Name(); }
 
   // The printer's driver default, made and stored where it was not.
@@ -74,6 +78,9 @@ class EntryTest : public SettingsTest {
   int32_t AskWithoutPages(DocumentPropertyHeader* header) {
     return DrvDocumentPropertySheets(nullptr, reinterpret_cast<intptr_t>(header));
   }
+
+ private:
+  OString GivenName;
 };
 
 inline uint16_t WordAt(const std::vector<uint8_t>& bytes, size_t offset) {

@@ -54,7 +54,7 @@ TEST(Explorer, IsLookedForInTheFirst1023Characters) {
 
 TEST_F(PropertySheets, WithoutAHeaderThereIsNoDeviceSheet) {
   EXPECT_EQ(DrvDevicePropertySheets(nullptr, 0), -1);
-  for (uint16_t reason : {0, 1, 2, 3, 4}) {
+  for (uint16_t reason = 0; reason < 5; reason++) {
     PropSheetUiInfo info = {};
     info.Reason = reason;
     EXPECT_EQ(DrvDevicePropertySheets(&info, 0), -1) << reason;

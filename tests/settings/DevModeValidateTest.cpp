@@ -286,6 +286,28 @@ TEST_F(DevModeValidate, FieldsWithoutARangeStay) {
   EXPECT_EQ(0x7B, Settle(1020, 4, 0x7B));
 }
 
+TEST_F(DevModeValidate, RecordAtAnOddAddressComesIntoRangeToo) {
+  Start();
+  TestBlock odd(1517);
+  for (uint32_t i = 0; i < 220; ++i) odd.Put(i, 1, Block.Get(i, 1));
+  for (uint32_t i = 220; i < 1516; ++i) odd.Put(i + 1, 1, Block.Get(i, 1));
+  odd.Put(68, 2, 221);
+  for (uint32_t i = 1036; i < 1122; ++i) odd.Put(kRecord + 1 + i, 1, 0xFF);
+  DevMode devMode(odd.Data(), odd.Size);
+  devMode.SetOrientation(3);
+  devMode.SetMirror(true);
+  devMode.SetPresetName("AB");
+  devMode.Validate(Model());
+  EXPECT_EQ(5u, odd.Get(kRecord + 1 + 1036, 2));
+  EXPECT_EQ(18u, odd.Get(kRecord + 1 + 1054, 2));
+  EXPECT_EQ(125u, odd.Get(kRecord + 1 + 1100, 4));
+  EXPECT_EQ(3, devMode.GetOrientation());
+  DevMode target(Block.Data(), 1516);
+  target.Merge(devMode, Model());
+  EXPECT_EQ(125u, Block.Get(kRecord + 1100, 4));
+  EXPECT_FALSE(target.Matches(DevMode(odd.Data(), 100)));
+}
+
 TEST_F(DevModeValidate, ShortPublicPartIsNotWrittenBehindItsEnd) {
   Start();
   TestBlock block(86);

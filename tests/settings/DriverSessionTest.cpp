@@ -342,17 +342,33 @@ TEST_F(DriverSessionTest, ReloadLeavesTheDeviceModeAsItWas) {
   EXPECT_EQ(256, SourceOf(session));
 }
 
-TEST_F(DriverSessionTest, OpeningAndDroppingLeavesTheStoreByteForByte) {
+class FreshPrinter : public SettingsTest {};
+
+// Nothing has opened the printer before.
+TEST_F(FreshPrinter, OpeningAndDroppingLeavesTheStoreByteForByte) {
+  AddPrinter();
   const std::string before = StoreDump();
-  for (uint32_t flags : {0u, 8u, 64u}) {
-    DevMode input;
-    input.AllocateDefaults(Model());
-    DriverSession session;
-    session.Initialize(Handle, &input, flags);
-    session.IsLocked();
+  for (bool onNtPath : {true, false}) {
+    const PathFlags path(onNtPath, onNtPath);
+    for (uint32_t flags : {0u, 8u, 64u}) {
+      DriverSession session;
+      session.Initialize(nullptr, nullptr, flags, Printer->Name());
+      ASSERT_NE(nullptr, session.Model);
+      session.IsLocked();
+      session.Reload();
+      session.DevModeBuffer.SetCopies(9);
+    }
   }
-  EXPECT_NE(std::string::npos, before.find("Name"));  // the dump sees the printer at all
-  EXPECT_EQ(before, StoreDump());
+  EXPECT_EQ("", DumpDifference(before, StoreDump()));
+}
+
+TEST_F(FreshPrinter, DumpSeesWhatASessionSaves) {
+  AddPrinter();
+  const std::string before = StoreDump();
+  DriverSession session;
+  session.Initialize(nullptr, nullptr, 0, Printer->Name());
+  session.Save();
+  EXPECT_NE("", DumpDifference(before, StoreDump()));
 }
 
 TEST_F(DriverSessionTest, BothEndsClearTheBlock) {

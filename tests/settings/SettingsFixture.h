@@ -195,4 +195,12 @@ inline std::string StoreDump() {
   return text;
 }
 
+// "" for equal dumps, else a few bytes from the first difference on.
+inline std::string DumpDifference(const std::string& before, const std::string& after) {
+  if (before == after) return "";
+  size_t at = 0;
+  while (at < before.size() && at < after.size() && before[at] == after[at]) ++at;
+  return "at " + std::to_string(at) + ": " + after.substr(at > 80 ? at - 80 : 0, 160);
+}
+
 }  // namespace ostvt::test

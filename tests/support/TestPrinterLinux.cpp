@@ -7,9 +7,9 @@
 #include <string>
 #include <system_error>
 
+#include "TestPrinter.h"
 #include "platform/Spooler.h"
 #include "platform/linux/Utf8.h"
-#include "TestPrinter.h"
 
 namespace ostvt::test {
 namespace {

@@ -2,9 +2,9 @@
 
 #include <stdio.h>
 
+#include "TestPrinter.h"
 #include "platform/Spooler.h"
 #include "platform/windows/Winspool.h"
-#include "TestPrinter.h"
 
 namespace ostvt::test {
 namespace {

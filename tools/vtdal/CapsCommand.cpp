@@ -14,11 +14,13 @@ namespace {
 constexpr const char* kHelp =
     "Usage: vtdal caps NAME [--json] [--module FILE]\n"
     "\n"
-    "Asks the driver for every capability of a printer: the number that it answers, and the values\n"
+    "Asks the driver for every capability of a printer: the number that it answers, and the "
+    "values\n"
     "behind it. \"-\" stands for what the driver doesn't answer.\n"
     "\n"
     "  --json         as JSON; lengths are in millimetres\n"
-    "  --module FILE  the driver's module (else OSTVT_MODULE, else the installed one, else the one\n"
+    "  --module FILE  the driver's module (else OSTVT_MODULE, else the installed one, else the "
+    "one\n"
     "                 beside vtdal)\n";
 
 // A driver that counts more is not believed.
@@ -28,7 +30,8 @@ constexpr int32_t kMostElements = 16384;
 constexpr size_t kSpareElements = 256;
 
 // Nothing when the driver contradicts itself.
-std::optional<CapabilityAnswer> Ask(DriverModule* module, const std::u16string& printer, int index) {
+std::optional<CapabilityAnswer> Ask(DriverModule* module, const std::u16string& printer,
+                                    int index) {
   CapabilityAnswer answer = {&CapabilityAt(index), 0, {}};
   size_t elementSize = ElementSize(*answer.Question);
   answer.Result = module->Capability(printer, index, nullptr);

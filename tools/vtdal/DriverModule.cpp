@@ -46,8 +46,7 @@ std::u16string ChosenModulePath(const Arguments& arguments) {
 }
 
 bool RequirePrinter(const std::u16string& name) {
-  platform::PrinterHandle handle =
-      platform::OpenPrinter(name.c_str(), platform::kPrinterAccessUse);
+  platform::PrinterHandle handle = platform::OpenPrinter(name.c_str(), platform::kPrinterAccessUse);
   if (!handle) PrintError("no printer named '" + Printable(name) + "'");
   platform::ClosePrinter(handle);
   return handle != nullptr;

@@ -29,7 +29,7 @@ class JsonWriter {
 
   std::string Document;
   int Depth = 0;
-  bool IsFirst = true;   // nothing stands in the innermost object or array yet
+  bool IsFirst = true;  // nothing stands in the innermost object or array yet
   bool AfterKey = false;
 };
 

@@ -64,7 +64,8 @@ int RunPrinters(const Arguments&) {
 std::string NameProblem(const std::u16string& name) {
   if (name.empty()) return "a printer needs a name";
   if (name.size() > kLongestName)
-    return Format("the name has %zu characters; %zu are allowed", name.size(), kLongestName);
+    return "the name has " + std::to_string(name.size()) + " characters; " +
+           std::to_string(kLongestName) + " are allowed";
   platform::PrinterHandle existing =
       platform::OpenPrinter(name.c_str(), platform::kPrinterAccessUse);
   platform::ClosePrinter(existing);

@@ -5,8 +5,8 @@
 
 namespace vtdal {
 
-extern const char16_t kSeparator;      // between directories
-extern const char16_t kModuleName[];   // the module's file
+extern const char16_t kSeparator;     // between directories
+extern const char16_t kModuleName[];  // the module's file
 
 // "" where it isn't set.
 std::u16string EnvironmentValue(const char* name);

@@ -100,23 +100,28 @@ std::string Padded(std::string_view text, size_t width) {
   return result;
 }
 
-void PrintColumns(const std::vector<std::string>& titles,
-                  const std::vector<std::vector<std::string>>& columns) {
+void PrintRows(const std::vector<std::vector<std::string>>& columns) {
   constexpr size_t kGap = 2;
   std::vector<size_t> widths;
-  for (size_t i = 0; i < titles.size(); i++) {
-    size_t width = CountCharacters(titles[i]);
-    for (const std::string& cell : columns[i]) width = std::max(width, CountCharacters(cell));
+  for (const std::vector<std::string>& column : columns) {
+    size_t width = 0;
+    for (const std::string& cell : column) width = std::max(width, CountCharacters(cell));
     widths.push_back(width + kGap);
   }
   size_t rows = columns.empty() ? 0 : columns[0].size();
-  for (size_t row = 0; row <= rows; row++) {
+  for (size_t row = 0; row < rows; row++) {
     std::string line;
-    for (size_t i = 0; i < titles.size(); i++)
-      line += Padded(row == 0 ? titles[i] : columns[i][row - 1], widths[i]);
+    for (size_t i = 0; i < columns.size(); i++) line += Padded(columns[i][row], widths[i]);
     line.resize(line.find_last_not_of(' ') + 1);
     Print(line + '\n');
   }
+}
+
+void PrintColumns(const std::vector<std::string>& titles,
+                  const std::vector<std::vector<std::string>>& columns) {
+  std::vector<std::vector<std::string>> all = columns;
+  for (size_t i = 0; i < all.size(); i++) all[i].insert(all[i].begin(), titles[i]);
+  PrintRows(all);
 }
 
 void Print(std::string_view text) { Output() += text; }

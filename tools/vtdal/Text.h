@@ -28,6 +28,9 @@ std::string Padded(std::string_view text, size_t width);
 void PrintColumns(const std::vector<std::string>& titles,
                   const std::vector<std::vector<std::string>>& columns);
 
+// The same without titles.
+void PrintRows(const std::vector<std::vector<std::string>>& columns);
+
 // Appends to what the command prints. Nothing comes out before FlushOutput.
 void Print(std::string_view text);
 // False when the output could not be written whole.

@@ -1,4 +1,5 @@
 // Which command is meant, and the help for all of them.
+#include <cstdio>
 #include <string>
 
 #include "platform/ModuleVersion.h"
@@ -28,7 +29,8 @@ constexpr const char* kHelp =
     "\n"
     "Exit status: 0 done, 1 failed, 2 wrong usage.\n"
     "\n"
-    "Environment: OSTVT_MODULE, the driver's module to ask; on Linux OSTVT_STORE_DIR, the directory\n"
+    "Environment: OSTVT_MODULE, the driver's module to ask; on Linux OSTVT_STORE_DIR, the "
+    "directory\n"
     "of the store.\n";
 
 int Finish(int exitCode) {
@@ -50,8 +52,8 @@ int RunCommand(const Command& command, const std::vector<std::u16string>& words)
   size_t count = arguments.Words().size();
   if (count < command.LeastWords) return UsageError(command.Name, "too few arguments");
   if (count > command.MostWords)
-    return UsageError(command.Name,
-                      "unexpected argument '" + Printable(arguments.Words()[command.MostWords]) + "'");
+    return UsageError(command.Name, "unexpected argument '" +
+                                        Printable(arguments.Words()[command.MostWords]) + "'");
   return command.Run(arguments);
 }
 
@@ -78,10 +80,12 @@ int RunTool(const std::vector<std::u16string>& words) {
   for (const auto& group :
        {PrinterCommands(), CapabilityCommands(), DevModeCommands(), StoreCommands()}) {
     for (const Command& command : group) {
-      if (name == command.Name) return Finish(RunCommand(command, {words.begin() + 1, words.end()}));
+      if (name == command.Name)
+        return Finish(RunCommand(command, {words.begin() + 1, words.end()}));
     }
   }
-  return UsageError(nullptr, "unknown " + std::string(name.compare(0, 2, "--") ? "command" : "option") +
+  return UsageError(nullptr, "unknown " +
+                                 std::string(name.compare(0, 2, "--") ? "command" : "option") +
                                  " '" + Printable(name) + "'");
 }
 

@@ -2,6 +2,7 @@
 
 #include <pthread.h>
 #include <sys/stat.h>
+#include <time.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -14,6 +15,8 @@ namespace {
 // How long a call waits for another process's transaction.
 constexpr int kBusyMilliseconds = 10000;
 constexpr int kBusyStep = 2;
+// How long a connection is used before it looks again whether its file is still the one.
+constexpr int kLookMilliseconds = 100;
 constexpr int kSchemaVersion = 1;
 
 constexpr const char* kFileNames[] = {"classes_root.db", "current_user.db", "local_machine.db",
@@ -34,10 +37,18 @@ const char* TextOf(Query query) {
   switch (query) {
     case Query::kBegin:
       return "BEGIN IMMEDIATE";
+    case Query::kBeginRead:
+      return "BEGIN";
     case Query::kCommit:
       return "COMMIT";
     case Query::kRollback:
       return "ROLLBACK";
+    case Query::kBeginStep:
+      return "SAVEPOINT step";
+    case Query::kCommitStep:
+      return "RELEASE step";
+    case Query::kRollbackStep:
+      return "ROLLBACK TO step";
     case Query::kFindKey:
       return "SELECT 1 FROM keys WHERE path=?1";
     case Query::kAddKey:
@@ -99,6 +110,13 @@ int ReadNumber(sqlite3* database, const char* text) {
   return number;
 }
 
+// A clock that costs next to nothing; its steps are a few milliseconds.
+int64_t Milliseconds() {
+  timespec now = {};
+  clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
+  return static_cast<int64_t>(now.tv_sec) * 1000 + now.tv_nsec / 1000000;
+}
+
 void MakeDirectories(const std::string& directory) {
   for (size_t end = directory.find('/', 1);; end = directory.find('/', end + 1)) {
     mkdir(directory.substr(0, end).c_str(), 0755);
@@ -127,6 +145,12 @@ struct HiveCache {
   HiveCache();
   void CloseAll() {
     for (HiveFile& file : Files) file.Close();
+  }
+  bool InTransaction() const {
+    for (const HiveFile& file : Files) {
+      if (file.InTransaction()) return true;
+    }
+    return false;
   }
 
   Lock Access;
@@ -179,26 +203,32 @@ bool HiveFile::OpenFile(int flags, const char* parameters) {
 bool HiveFile::Open(const std::string& directory, Hive hive, bool create) {
   Close();
   Path = directory + "/" + kFileNames[static_cast<int>(hive)];
-  if (OpenFile(SQLITE_OPEN_READWRITE, "")) {
-    if (sqlite3_db_readonly(Database, "main") == 0 && Configure(false)) return true;
-    Close();
+  if (OpenForWriting(SQLITE_OPEN_READWRITE)) return true;
+  if (create) {
+    MakeDirectories(directory);
+    if (OpenForWriting(SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE)) return true;
   }
-  if (access(Path.c_str(), F_OK) == 0) {
-    if (OpenFile(SQLITE_OPEN_READONLY, "") && Configure(true)) return true;
-    // In a directory that takes no new files the log cannot be opened. If nobody else has one open
-    // either, the file can be read as it lies.
-    Close();
-    if (access((Path + "-wal").c_str(), F_OK) == 0 ||
-        !OpenFile(SQLITE_OPEN_READONLY, "?immutable=1") || !Configure(true)) {
-      Close();
-      return false;
-    }
+  return OpenForReading();
+}
+
+bool HiveFile::OpenForWriting(int flags) {
+  // Without rights to write, the file is opened all the same, for reading.
+  if (!OpenFile(flags, "")) return false;
+  if (sqlite3_db_readonly(Database, "main") == 0 && Configure(false)) return true;
+  Close();
+  return false;
+}
+
+bool HiveFile::OpenForReading() {
+  if (OpenFile(SQLITE_OPEN_READONLY, "") && Configure(true)) return true;
+  Close();
+  // In a directory that takes no new files the log cannot be opened. If nobody else has one open
+  // either, the file can be read as it lies.
+  if (access((Path + "-wal").c_str(), F_OK) == 0) return false;
+  if (OpenFile(SQLITE_OPEN_READONLY, "?immutable=1") && Configure(true)) {
     Immutable = true;
     return true;
   }
-  if (!create) return false;
-  MakeDirectories(directory);
-  if (OpenFile(SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, "") && Configure(false)) return true;
   Close();
   return false;
 }
@@ -244,8 +274,11 @@ void HiveFile::Close() {
   Immutable = false;
 }
 
-bool HiveFile::IsStale() const {
+bool HiveFile::IsStale() {
   if (Immutable) return true;
+  int64_t now = Milliseconds();
+  if (now - LookedAt < kLookMilliseconds) return false;
+  LookedAt = now;
   int moved = 0;
   return sqlite3_file_control(Database, "main", SQLITE_FCNTL_HAS_MOVED, &moved) == SQLITE_OK &&
          moved != 0;
@@ -261,13 +294,16 @@ sqlite3_stmt* HiveFile::Prepare(Query query) {
 
 HiveUse::HiveUse(Hive hive, bool create) : Guard(TheCache().Access) {
   HiveCache& cache = TheCache();
-  const char* directory = Environment("OSTVT_STORE_DIR");
-  if (cache.StoreDirectory != directory) {
-    cache.CloseAll();
-    cache.StoreDirectory = directory;
-  }
   HiveFile& file = cache.Files[static_cast<int>(hive)];
-  if (file.IsOpen() && file.IsStale()) file.Close();
+  // What closes a connection ends its transaction too.
+  if (!cache.InTransaction()) {
+    const char* directory = Environment("OSTVT_STORE_DIR");
+    if (cache.StoreDirectory != directory) {
+      cache.CloseAll();
+      cache.StoreDirectory = directory;
+    }
+    if (file.IsOpen() && file.IsStale()) file.Close();
+  }
   if (file.IsOpen() || file.Open(DirectoryOf(hive), hive, create)) Target = &file;
 }
 

@@ -19,8 +19,12 @@ namespace ostvt::platform {
 
 enum class Query {
   kBegin,
+  kBeginRead,
   kCommit,
   kRollback,
+  kBeginStep,
+  kCommitStep,
+  kRollbackStep,
   kFindKey,
   kAddKey,
   kCountKey,
@@ -50,20 +54,24 @@ class HiveFile {
   bool Open(const std::string& directory, Hive hive, bool create);
   void Close();
   bool IsOpen() const { return Database != nullptr; }
-  // The file has been replaced or removed since, or is one that must be opened again to be seen
-  // fresh.
-  bool IsStale() const;
+  // The file has been replaced or removed since (which is looked at now and then only), or is one
+  // that must be opened again to be seen fresh.
+  bool IsStale();
   // Null if the statement cannot be prepared. Kept by the connection; free to be bound.
   sqlite3_stmt* Prepare(Query query);
   int ChangedRows() const { return sqlite3_changes(Database); }
+  bool InTransaction() const { return IsOpen() && sqlite3_get_autocommit(Database) == 0; }
 
  private:
   bool OpenFile(int flags, const char* parameters);
+  bool OpenForWriting(int flags);
+  bool OpenForReading();
   bool Configure(bool readOnly);
   bool CreateTables();
 
   sqlite3* Database = nullptr;
   std::string Path;
+  int64_t LookedAt = 0;  // when the file was last seen in its place
   // Read without locks or a log, since there is no way to make them.
   bool Immutable = false;
   sqlite3_stmt* Statements[static_cast<int>(Query::kCount)] = {};
@@ -110,26 +118,32 @@ class HiveQuery {
   sqlite3_stmt* Statement;
 };
 
-// A write transaction around several statements; rolled back unless committed.
+// A write transaction around several statements, or a step of the one that is open; rolled back
+// unless committed.
 class HiveTransaction {
  public:
   explicit HiveTransaction(HiveFile* file)
-      : File(file), Open(HiveQuery(file, Query::kBegin).Run()) {}
+      : File(file),
+        IsStep(file && file->InTransaction()),
+        Open(HiveQuery(file, IsStep ? Query::kBeginStep : Query::kBegin).Run()) {}
   ~HiveTransaction() {
-    if (Open) HiveQuery(File, Query::kRollback).Run();
+    if (!Open) return;
+    HiveQuery(File, IsStep ? Query::kRollbackStep : Query::kRollback).Run();
+    if (IsStep) HiveQuery(File, Query::kCommitStep).Run();
   }
   HiveTransaction(const HiveTransaction&) = delete;
   HiveTransaction& operator=(const HiveTransaction&) = delete;
 
   bool IsOpen() const { return Open; }
   bool Commit() {
-    if (!Open || !HiveQuery(File, Query::kCommit).Run()) return false;
+    if (!Open || !HiveQuery(File, IsStep ? Query::kCommitStep : Query::kCommit).Run()) return false;
     Open = false;
     return true;
   }
 
  private:
   HiveFile* File;
+  bool IsStep;
   bool Open;
 };
 

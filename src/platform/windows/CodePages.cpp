@@ -12,13 +12,12 @@ bool IsValidCodePage(uint32_t codePage) { return ::IsValidCodePage(codePage) != 
 
 int NarrowToWide(uint32_t codePage, const char* source, char16_t* target, int capacity) {
   if (capacity <= 0) return 0;
-  return MultiByteToWideChar(codePage, 0, source, -1, reinterpret_cast<wchar_t*>(target), capacity);
+  return MultiByteToWideChar(codePage, 0, source, -1, AsWide(target), capacity);
 }
 
 int WideToNarrow(uint32_t codePage, const char16_t* source, char* target, int capacity) {
   if (capacity <= 0) return 0;
-  return WideCharToMultiByte(codePage, 0, reinterpret_cast<const wchar_t*>(source), -1, target,
-                             capacity, nullptr, nullptr);
+  return WideCharToMultiByte(codePage, 0, AsWide(source), -1, target, capacity, nullptr, nullptr);
 }
 
 }  // namespace ostvt::platform

@@ -7,6 +7,7 @@
 #include "entry/Exports.h"
 #include "platform/Libraries.h"
 #include "platform/Module.h"
+#include "platform/Spooler.h"
 #include "platform/VersionResource.h"
 #include "store/PrinterRegistry.h"
 #include "tests/support/TempDirectory.h"
@@ -138,8 +139,9 @@ class InstalledModuleTest : public testing::Test {
   void Save(Module& module) {
     Store().Delete("DATA:Initial DevMode", false);
     Store().Delete("DATA:Default DevMode", false);
+    OString name = Printer.Name();
     platform::PrinterHandle handle =
-        platform::OpenPrinter(Printer.Name().GetWide(), platform::kPrinterAllAccess);
+        platform::OpenPrinter(name.GetWide(), platform::kPrinterAllAccess);
     void* session = EXPORT(module, DAL_Printer_Open)(handle);
     EXPORT(module, DAL_Settings_Save)(session);
     EXPORT(module, DAL_Printer_Close)(session);

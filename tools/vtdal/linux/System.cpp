@@ -42,8 +42,8 @@ bool RegisterDriver(const std::u16string& name, const std::u16string& directory,
     if (FileExists(directory + archive)) driver.DependentFiles.push_back(directory + archive);
   }
   if (ostvt::platform::AddDriver(driver)) return true;
-  *error = "can't make the driver '" + Printable(name) + "' known: the store can't be written, or " +
-           "the name is no driver's name";
+  *error = "can't make the driver '" + Printable(name) +
+           "' known: the store can't be written, or " + "the name is no driver's name";
   return false;
 }
 

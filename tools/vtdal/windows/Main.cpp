@@ -8,6 +8,10 @@
 #include "platform/windows/Win32.h"
 #include "tools/vtdal/Arguments.h"
 
+// Words with "*" and "?" are the user's, not patterns for files.
+extern "C" int _dowildcard;
+int _dowildcard = 0;
+
 extern "C" int wmain(int count, wchar_t** arguments) {
   // What is printed is UTF-8, in a console as in a file.
   SetConsoleOutputCP(CP_UTF8);
