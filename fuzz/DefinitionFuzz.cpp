@@ -1,6 +1,8 @@
-// Any bytes as a definition member: each section that it seems to have is read.
+// Any bytes as a definition member: each section that it seems to have is read, and compared with
+// what a plain walk over the lines gives.
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <string>
 
 #include "model/DefinitionFile.h"
@@ -12,17 +14,51 @@ using namespace ostvt;
 
 namespace {
 
-void ReadSection(DefinitionText* definition, const OString& section) {
+std::string Trimmed(const std::string& text) {
+  const size_t begin = text.find_first_not_of(" \t\r\n");
+  if (begin == std::string::npos) return "";
+  return text.substr(begin, text.find_last_not_of(" \t\r\n") - begin + 1);
+}
+
+std::map<std::string, std::string> Walk(std::string text, const std::string& section) {
+  std::map<std::string, std::string> values;
+  text.resize(std::min(text.find('\0'), text.size()));
+  std::erase(text, '\r');
+  bool inSection = false;
+  while (!text.empty()) {
+    const size_t end = text.find('\n');
+    const std::string line = text.substr(0, end);
+    text.erase(0, end == std::string::npos ? text.size() : end + 1);
+    if (line.empty() || line[0] == '!') continue;
+    if (line[0] == '[') {
+      inSection = line == "[" + section + "]" || line == "[.default]";
+      continue;
+    }
+    const size_t grows = line.find("+=");
+    const size_t equals = line.find('=');
+    if (!inSection || equals == std::string::npos) continue;
+    if (grows != std::string::npos) {
+      std::string& value = values[Trimmed(line.substr(0, grows))];
+      if (!value.empty()) value += ",";
+      value += Trimmed(line.substr(grows + 2));
+    } else {
+      values[Trimmed(line.substr(0, equals))] = Trimmed(line.substr(equals + 1));
+    }
+  }
+  return values;
+}
+
+void ReadSection(DefinitionText* definition, const std::string& text, const std::string& section) {
   StringMap map;
-  definition->ReadSection(section, &map);
-  for (int32_t i = 0; i < map.Names.Count; ++i) {
-    if (map.Find(map.Names[i]) != i) __builtin_trap();
-    const OString value = map.GetString(map.Names[i], "");
-    map.GetInt(map.Names[i], 0);
-    DefinitionFile::ParseBool(value, false);
-    ModelDefinition::ParseAlignment(value);
-    OStringArray list;
-    list.Split(value, ",");
+  definition->ReadSection(section.c_str(), &map);
+  const std::map<std::string, std::string> expected = Walk(text, section);
+  if (map.Names.Count != static_cast<int32_t>(expected.size())) __builtin_trap();
+  for (const auto& [key, value] : expected) {
+    const OString* found = map.FindString(key.c_str());
+    if (!found || value != found->GetNarrow()) __builtin_trap();
+    map.GetInt(key.c_str(), 0);
+    DefinitionFile::ParseBool(*found, false);
+    ModelDefinition::ParseAlignment(*found);
   }
 }
 
@@ -31,14 +67,17 @@ void ReadSection(DefinitionText* definition, const OString& section) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const std::string text(reinterpret_cast<const char*>(data), size);
   DefinitionText definition(text.data(), static_cast<uint32_t>(size));
-  ReadSection(&definition, "X");
-  ReadSection(&definition, ".default");
+  ReadSection(&definition, text, "X");
+  ReadSection(&definition, text, ".default");
   size_t sections = 0;
   for (size_t at = text.find("\n["); at != std::string::npos && sections < 8;
        at = text.find("\n[", at + 1), ++sections) {
     const size_t end = text.find(']', at);
     if (end == std::string::npos) break;
-    ReadSection(&definition, text.substr(at + 2, end - at - 2).c_str());
+    const std::string section = text.substr(at + 2, end - at - 2);
+    // A section's name is a text of its own: it ends at a NUL, and no line has a CR.
+    if (section.find_first_of(std::string("\0\r", 2)) != std::string::npos) continue;
+    ReadSection(&definition, text, section);
   }
   return 0;
 }

@@ -202,11 +202,14 @@ bool ArchiveReader::ExtractMember(const OString& name, const OString& targetPath
   if (flags & kExtractClearAttributes) OFile::SetAttributes(targetPath, 0);
   OFile target(targetPath, kFileWrite | kFileCreate);
   if (!target.IsOpen()) return false;
-  // A target that is cut off must not get the member's time, which would make it look current.
-  if (member->DataSize > 0 && target.RawWrite(member->Data, member->DataSize) != member->DataSize) {
+  bool whole =
+      member->DataSize == 0 || target.RawWrite(member->Data, member->DataSize) == member->DataSize;
+  target.Close();
+  if (!whole) {
+    // What is left of it is newer than the member and would pass for current ever after.
+    OFile::DeleteFile(targetPath);
     return false;
   }
-  target.Close();
   if (flags & kExtractTemporary) OFile::SetAttributes(targetPath, kAttributeTemporary);
   OFile::SetTime(targetPath, &member->Time, &member->Time, &member->Time);
   return true;

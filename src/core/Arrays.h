@@ -1,6 +1,7 @@
 // Growable arrays of plain elements; all elements that were never set are zero.
 //
-// Indexes and counts are clamped, never trusted. One thread at a time.
+// Indexes and counts given to the calls are clamped; operator[] is not checked. One thread at a
+// time.
 #pragma once
 
 #include <cstdint>

@@ -20,6 +20,12 @@ uint32_t GetDword(const uint8_t* source) {
          static_cast<uint32_t>(source[2]) << 16 | static_cast<uint32_t>(source[3]) << 24;
 }
 
+// The signature stands, and the stream is as long as the header says.
+bool IsFrame(const uint8_t* frame, uint32_t size) {
+  return size >= LZ77::kFrameSize && memcmp(frame, kSignature, sizeof(kSignature)) == 0 &&
+         GetDword(frame + 8) == size - LZ77::kFrameSize;
+}
+
 // Room for n bytes in framed form, whatever they are.
 uint64_t RoomFor(uint64_t n) { return n + (n + 999) / 1000 + 24; }
 
@@ -47,12 +53,12 @@ bool LZ77::Encode(const void* input, uint32_t inputLength, void* output, uint32_
 
 bool LZ77::Decode(const void* input, uint32_t inputLength, void* output, uint32_t* length) {
   const uint8_t* frame = static_cast<const uint8_t*>(input);
-  if (inputLength < kFrameSize || memcmp(frame, kSignature, sizeof(kSignature)) != 0) return false;
+  if (!IsFrame(frame, inputLength)) return false;
   const uint32_t plainSize = GetDword(frame + 4);
-  const uint32_t packedSize = GetDword(frame + 8);
-  if (packedSize != inputLength - kFrameSize || plainSize > *length) return false;
+  if (plainSize > *length) return false;
   uLongf delivered = *length;
-  if (uncompress(static_cast<Bytef*>(output), &delivered, frame + kFrameSize, packedSize) != Z_OK ||
+  if (uncompress(static_cast<Bytef*>(output), &delivered, frame + kFrameSize,
+                 inputLength - kFrameSize) != Z_OK ||
       delivered != plainSize) {
     return false;
   }
@@ -91,7 +97,8 @@ bool LZ77::RawDecode(const void* input, uint32_t inputLength, void* output, uint
   stream.next_out = *length == 0 ? &scratch : static_cast<Bytef*>(output);
   stream.avail_out = *length == 0 ? 1 : *length;
   const int result = inflate(&stream, Z_FINISH);
-  const bool success = result == Z_STREAM_END || (result == Z_BUF_ERROR && stream.avail_in == 0);
+  const bool success = stream.total_out <= *length &&
+                       (result == Z_STREAM_END || (result == Z_BUF_ERROR && stream.avail_in == 0));
   if (stream.total_out < *length) {
     FillBytes(static_cast<uint8_t*>(output) + stream.total_out, 0, *length - stream.total_out);
   }
@@ -113,7 +120,8 @@ bool LZ77::EncodeInPlace(Buffer* buffer) {
 }
 
 bool LZ77::DecodeInPlace(Buffer* buffer) {
-  if (buffer->Size < kFrameSize) return false;
+  // Looked at first, so that rubbish reserves nothing.
+  if (!IsFrame(buffer->Data, buffer->Size)) return false;
   const uint32_t plainSize = GetDword(buffer->Data + 4);
   if (!IsPlausibleSize(plainSize, buffer->Size - kFrameSize)) return false;
   Buffer plain;

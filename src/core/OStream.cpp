@@ -18,6 +18,7 @@ OStream::~OStream() { FreeCounted(Buffer); }
 uint32_t OStream::RawWrite(const void*, uint32_t) { return 0; }
 
 uint32_t OStream::Write(const void* data, uint32_t size) {
+  if (!data) return 0;
   if (BufferSize == 0) return RawWrite(data, size);
   const uint8_t* source = static_cast<const uint8_t*>(data);
   uint32_t taken = 0;

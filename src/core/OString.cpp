@@ -126,7 +126,7 @@ void OString::AssignCount(const char16_t* text, int n) {
 template <typename Unit>
 void OString::AppendUnits(const Unit* text, size_t count) {
   OStringBody* body = MakeUnique();
-  MakeForm(body, kForm<Unit>);
+  if (!MakeForm(body, kForm<Unit>) && !IsEmpty()) return;  // rather than lose the text
   size_t length = TextOf(FormOf(body, kForm<Unit>)).size();
   MarkOtherStale(body, kForm<Unit>);
   Reserve(body, length + count, true);

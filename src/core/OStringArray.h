@@ -17,7 +17,8 @@ enum class BlockMode {
   kLines = 3,  // each string with CR LF behind it
 };
 
-// Owns its strings. Indexes and counts are clamped, never trusted. One thread at a time.
+// Owns its strings. Indexes and counts given to the calls are clamped; operator[] is not checked.
+// One thread at a time.
 class OStringArray {
  public:
   OStringArray() = default;

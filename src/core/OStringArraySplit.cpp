@@ -28,6 +28,10 @@ template <typename Unit>
 void SplitText(OStringArray* out, const Unit* text, const Unit* separator, uint32_t codePage) {
   auto whole = TextOf(text);
   auto between = TextOf(separator);
+  if (between.empty()) {  // a text of a page that can't be converted
+    AddFields(out, whole, 0, codePage, [](size_t) { return std::basic_string_view<Unit>::npos; });
+    return;
+  }
   AddFields(out, whole, between.size(), codePage,
             [&](size_t position) { return whole.find(between, position); });
 }

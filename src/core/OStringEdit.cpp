@@ -52,7 +52,7 @@ int OString::InsertUnits(int position, const Unit* text, size_t count) {
     return Length();
   }
   OStringBody* body = MakeUnique();
-  MakeForm(body, kForm<Unit>);
+  if (!MakeForm(body, kForm<Unit>) && !IsEmpty()) return Length();  // rather than lose the text
   MarkOtherStale(body, kForm<Unit>);
   size_t length = TextOf(FormOf(body, kForm<Unit>)).size();
   size_t at = std::min(static_cast<size_t>(std::max(position, 0)), length);
@@ -138,6 +138,7 @@ int OString::ReplaceUnits(const Unit* oldText, const Unit* newText) {
   auto source = TextOf(FormOf(Body, kForm<Unit>));
   auto searched = TextOf(oldText);
   auto inserted = TextOf(newText);
+  if (searched.empty()) return 0;  // a text of a page that can't be converted
   size_t count = 0;
   for (size_t at = 0; (at = source.find(searched, at)) != kNone; at += searched.size()) ++count;
   if (count == 0) return 0;

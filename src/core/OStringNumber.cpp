@@ -118,7 +118,7 @@ void OString::Format(const char16_t* format, ...) {
 
 template <typename Unit>
 void OString::IncrementUnits(bool spaced) {
-  MakeForm(Body, kForm<Unit>);
+  if (!MakeForm(Body, kForm<Unit>) && !IsEmpty()) return;  // rather than lose the text
   const Unit* text = FormOf(Body, kForm<Unit>);
   size_t length = TextOf(text).size();
   size_t digits = 0;

@@ -7,6 +7,11 @@ namespace {
 
 constexpr unsigned kContinuationMask = 0x3F;
 
+// Stands for a NUL that malformed bytes spell: a real one would end the text in one form only.
+constexpr char16_t kReplacement = 0xFFFD;
+
+char16_t Unit(unsigned value) { return value == 0 ? kReplacement : static_cast<char16_t>(value); }
+
 char Continuation(unsigned bits) { return static_cast<char>(0x80 | (bits & kContinuationMask)); }
 
 }  // namespace
@@ -38,10 +43,10 @@ void DecodeUtf8(const char* source, char16_t* target) {
     }
     unsigned first = next() & kContinuationMask;
     if ((lead & 0xE0) == 0xC0) {
-      *target++ = static_cast<char16_t>((lead & 0x1F) << 6 | first);
+      *target++ = Unit((lead & 0x1F) << 6 | first);
     } else {
       unsigned second = next() & kContinuationMask;
-      *target++ = static_cast<char16_t>((lead & 0x0F) << 12 | first << 6 | second);
+      *target++ = Unit(((lead & 0x0F) << 12 | first << 6 | second) & 0xFFFF);
     }
   }
   *target = 0;

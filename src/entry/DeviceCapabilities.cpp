@@ -14,7 +14,7 @@ uint32_t OSTVT_API DrvDeviceCapabilities(void* printer, const char16_t* deviceNa
   DevMode block;
   if (capability >= kCapabilitySize && capability <= kCapabilityDriver) {
     block.AllocateDefaults(model.get());
-    block.Merge(CallerBlock(devMode), model.get());
+    if (devMode) block.Merge(CallerBlock(devMode), model.get());
   }
   return static_cast<uint32_t>(model->GetDeviceCapability(capability, output, block.GetBlock()));
 }

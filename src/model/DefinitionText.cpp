@@ -140,6 +140,7 @@ void DefinitionText::SplitEntries(Block* block) {
 void DefinitionText::ReadSection(const OString& section, StringMap* map) {
   const auto isBefore = [](const Entry* a, const Entry* b) { return a->Hash > b->Hash; };
   std::vector<const Entry*> entries;
+  entries.reserve(Lines.size());
   ptrdiff_t lastRun = 0;
   int runs = 0;
   for (Block& block : Blocks) {

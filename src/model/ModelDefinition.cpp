@@ -12,7 +12,7 @@
 namespace ostvt {
 
 ModelDefinition::ModelDefinition(PrinterId& printerId)
-    : Store(printerId.GetFullName()),
+    : Store(printerId),
       PrinterName(printerId.GetFullName()),
       DriverName(printerId.Printer().DriverName),
       DriverDirectory(printerId.Driver().DriverDirectory),

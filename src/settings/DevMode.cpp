@@ -123,6 +123,12 @@ void DevMode::SetFormName(const OString& name) {
 void DevMode::CopyFormName(const DevMode& other) {
   char16_t field[32] = {};
   other.ReadPublic(offsetof(PublicDevMode, dmFormName), field, sizeof(field));
+  // What stands behind the name is nobody's text.
+  bool ended = false;
+  for (char16_t& unit : field) {
+    ended = ended || unit == 0;
+    if (ended) unit = 0;
+  }
   WritePublic(offsetof(PublicDevMode, dmFormName), field, sizeof(field));
 }
 

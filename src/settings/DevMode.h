@@ -113,7 +113,7 @@ class DevMode {
   }
   // At most 32 units, zero-filled.
   void SetFormName(const OString& name);
-  // What lies of the other's form name; the rest is zero.
+  // What lies of the other's form name, to its terminator; the rest is zero.
   void CopyFormName(const DevMode& other);
   // Bits of dmFields.
   bool HasFields(uint32_t bits) const { return (Get(&PublicDevMode::dmFields) & bits) == bits; }

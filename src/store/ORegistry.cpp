@@ -35,12 +35,13 @@ int HiveNumber(const OString& path, int colon) {
 ORegistry::~ORegistry() = default;
 
 platform::KeyHandle ORegistry::OpenKey(const OString& canonicalPath, bool create) const {
-  std::u16string subKey = canonicalPath.GetWide();
-  size_t colon = subKey.find(u':');
-  if (colon == std::u16string::npos || colon == 0) return nullptr;
-  int hive = HiveNumber(canonicalPath, static_cast<int>(colon));
+  const char16_t* path = canonicalPath.GetWide();
+  int colon = 0;
+  while (path[colon] && path[colon] != u':') ++colon;
+  if (colon == 0 || !path[colon]) return nullptr;
+  int hive = HiveNumber(canonicalPath, colon);
   if (hive < 0 || hive > 3) return nullptr;
-  subKey.erase(0, colon + 1);
+  std::u16string subKey = path + colon + 1;
   bool escaped = false;
   for (char16_t& unit : subKey) {
     if (unit == u'/') unit = u'\\';

@@ -83,6 +83,12 @@ void ReplaceInHeaders(const OString& search, const OString& replacement, bool se
 
 PrinterRegistry::PrinterRegistry(const OString& printerName) {
   PrinterId id(printerName);
+  TakeFrom(id);
+}
+
+PrinterRegistry::PrinterRegistry(PrinterId& printerId) { TakeFrom(printerId); }
+
+void PrinterRegistry::TakeFrom(PrinterId& id) {
   if (id.IsKnown()) {
     const PrinterId::PrinterFields& printer = id.Printer();
     PrinterFullName = id.GetFullName();

@@ -11,9 +11,13 @@
 
 namespace ostvt {
 
+class PrinterId;
+
 class PrinterRegistry : public ORegistry {
  public:
   explicit PrinterRegistry(const OString& printerName);
+  // The same for a printer that is looked up already, which spares asking the spooler again.
+  explicit PrinterRegistry(PrinterId& printerId);
   // Takes everything but ModelName: in a copy "[MODEL]" expands to nothing.
   PrinterRegistry(const PrinterRegistry& other);
   PrinterRegistry& operator=(const PrinterRegistry& other) = delete;
@@ -42,6 +46,9 @@ class PrinterRegistry : public ORegistry {
   OString OemCode;          // "[OEM]": two letters
   bool IsRemote = false;
   bool IsShadowed = false;
+
+ private:
+  void TakeFrom(PrinterId& printerId);
 };
 
 }  // namespace ostvt

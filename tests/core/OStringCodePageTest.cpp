@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "core/OString.h"
+#include "core/OStringArray.h"
 #include "tests/core/TextSupport.h"
 
 namespace ostvt {
@@ -43,6 +44,32 @@ TEST(OStringCodePage, BytesOfAnUnknownPageAreNotLost) {
   text.SetCodePage(1252);
   EXPECT_STREQ("abc", text.GetNarrow());
   EXPECT_EQ(u"abc", WideOf(text));
+}
+
+TEST(OStringCodePage, ChangesThatCannotBeMadeLeaveTheTextOfAnUnknownPage) {
+  OString text = InPage(9999, "abc");
+  text += u"x";
+  EXPECT_STREQ("abc", text.GetNarrow());
+  text.Insert(0, u"x", 1);
+  EXPECT_STREQ("abc", text.GetNarrow());
+  text.IncrementNumber(false);
+  EXPECT_FALSE(text.IsEmpty());
+}
+
+TEST(OStringCodePage, TextOfAnUnknownPageReplacesAndSplitsNothing) {
+  OString text("a,b");
+  EXPECT_EQ(0, text.Replace(InPage(9999, ","), "y"));
+  OStringArray list;
+  list.Split("a,b", InPage(9999, ","));
+  ASSERT_EQ(1, list.Count);
+  EXPECT_STREQ("a,b", list[0].GetNarrow());
+}
+
+// Malformed bytes that spell a NUL must not end the text in the wide form only.
+TEST(OStringCodePage, SpeltNulIsAWrongCharacterNotAnEnd) {
+  for (const char* bytes : {"\xC0\x80z", "\xE0\x80\x80z", "\x80\x80\x80z"}) {
+    EXPECT_EQ(u"\xFFFDz", WideOf(InPage(kCodePageUtf8, bytes)));
+  }
 }
 
 // The buffer of such bytes is the smaller one of a page of two bytes a character.

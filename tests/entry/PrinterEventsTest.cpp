@@ -107,10 +107,10 @@ TEST_F(PrinterEvents, CreationMakesTheStoredDevModeThisDrivers) {
 
 TEST_F(PrinterEvents, CreationKeepsWhatTheStoredDevModeDeclares) {
   AddPrinter();
-  std::vector<uint8_t> older(188 + 20, 0);
-  PutWordAt(&older, kAtSpecVersion, 800);
+  std::vector<uint8_t> older(220 + 20, 0);
+  PutWordAt(&older, kAtSpecVersion, 1025);
   PutWordAt(&older, kAtDriverVersion, 0x0101);
-  PutWordAt(&older, kAtSize, 188);
+  PutWordAt(&older, kAtSize, 220);
   PutWordAt(&older, kAtExtra, 20);
   PutWordAt(&older, kAtFields, 0x100);
   PutWordAt(&older, kAtCopies, 17);

@@ -1,37 +1,12 @@
 #include <gtest/gtest.h>
 
-#include "entry/Sheet.h"
-#include "settings/DriverSession.h"
-#include "tests/entry/EntryFixture.h"
-#include "tests/entry/SheetHost.h"
+#include "platform/Module.h"
+#include "tests/entry/SheetFixture.h"
 
 namespace ostvt::test {
 namespace {
 
-class PropertySheets : public EntryTest {
- protected:
-  DevicePropertyHeader DeviceHeader() {
-    DevicePropertyHeader header = {};
-    header.cbSize = sizeof header;
-    header.pszPrinterName = Name();
-    return header;
-  }
-  // The session's working device mode, as a page would edit it.
-  static void Edit(SheetHost& host, uint32_t copies) {
-    SessionOf(&host.Info)->DevModeBuffer.SetCopies(static_cast<int32_t>(copies));
-  }
-  // The usual life of a document sheet, edited in between.
-  void RunDocumentSheet(DocumentPropertyHeader* header, intptr_t result) {
-    SheetHost host(DrvDocumentPropertySheets, header);
-    ASSERT_EQ(host.Init(), 1);
-    PropSheetUiInfoHeader about = {};
-    EXPECT_EQ(host.GetInfoHeader(&about), 1);
-    Edit(host, 77);
-    EXPECT_EQ(host.SetResult(result), 1);
-    EXPECT_EQ(host.Info.Result, static_cast<uintptr_t>(result));
-    EXPECT_EQ(host.Destroy(), 1);
-  }
-};
+class PropertySheets : public SheetTest {};
 
 TEST(Explorer, IsFoundWhateverTheCase) {
   EXPECT_TRUE(IsExplorer(u"C:\\WINDOWS\\EXPLORER.EXE"));
@@ -81,6 +56,7 @@ TEST_F(PropertySheets, DeviceSheetLivesFromInitToDestroy) {
   EXPECT_EQ(about.Flags, 4);
   EXPECT_EQ(std::u16string(about.pTitle), NameText());
   EXPECT_EQ(about.IconID, 64082u);
+  EXPECT_EQ(about.hInst, platform::ModuleHandle());
   EXPECT_EQ(about.cbSize, 0xCCCC);  // the host's own fields stay
   EXPECT_EQ(reinterpret_cast<uintptr_t>(about.hWndParent), 0xCCCCCCCCCCCCCCCC);
 
@@ -262,135 +238,6 @@ TEST_F(PropertySheets, DocumentSheetLeavesTheMessage) {
   ASSERT_EQ(host.Init(), 1);
   EXPECT_EQ(host.Destroy(), 1);
   EXPECT_EQ(Store().ReadDword("DATA:LW Message", 99), 4u);
-}
-
-TEST_F(PropertySheets, OkCopiesTheWholeDevMode) {
-  AddPrinter();
-  GuardedBlock output(1516);
-  DocumentPropertyHeader header = DocumentHeader(2, output.Data());
-  RunDocumentSheet(&header, kResultOk);
-  EXPECT_EQ(output.Word(kAtCopies), 77);
-  EXPECT_EQ(output.Word(kAtSize), 220);
-  EXPECT_EQ(memcmp(output.Data() + 1508, "vtsost", 6), 0);
-}
-
-TEST_F(PropertySheets, OkWithTheUpdateBitAloneCopiesToo) {
-  AddPrinter();
-  GuardedBlock output(1516);
-  DocumentPropertyHeader header = DocumentHeader(1, output.Data());
-  RunDocumentSheet(&header, kResultOk);
-  EXPECT_EQ(output.Word(kAtCopies), 77);
-}
-
-TEST_F(PropertySheets, OkWithoutUpdateAndCopyLeavesTheOutput) {
-  AddPrinter();
-  GuardedBlock output(1516);
-  std::vector<uint8_t> before = StoredDevMode();
-  for (uint32_t mode : {0u, 4u, 8u}) {
-    DocumentPropertyHeader header = DocumentHeader(mode, output.Data());
-    RunDocumentSheet(&header, kResultOk);
-  }
-  EXPECT_EQ(output.Copy(), std::vector<uint8_t>(1516, 0xCD));
-  EXPECT_EQ(StoredDevMode(), before);
-}
-
-TEST_F(PropertySheets, OkWithUpdateStoresTheDevModeWithThePrinter) {
-  AddPrinter();
-  DocumentPropertyHeader header = DocumentHeader(1, nullptr);
-  RunDocumentSheet(&header, kResultOk);
-  std::vector<uint8_t> stored = StoredDevMode();
-  ASSERT_EQ(stored.size(), 1516u);
-  EXPECT_EQ(WordAt(stored, kAtCopies), 77);
-
-  OpenHandle handle(Printer->Name());
-  header = DocumentHeader(3, nullptr);
-  header.hPrinter = handle;
-  SheetHost host(DrvDocumentPropertySheets, &header);
-  ASSERT_EQ(host.Init(), 1);
-  Edit(host, 78);
-  EXPECT_EQ(host.SetResult(1), 1);
-  EXPECT_EQ(host.Destroy(), 1);
-  EXPECT_EQ(WordAt(StoredDevMode(), kAtCopies), 78);
-}
-
-TEST_F(PropertySheets, OkWithoutUpdateLeavesThePrintersDevMode) {
-  AddPrinter();
-  std::vector<uint8_t> before = StoredDevMode();
-  GuardedBlock output(1516);
-  DocumentPropertyHeader header = DocumentHeader(2, output.Data());
-  RunDocumentSheet(&header, kResultOk);
-  EXPECT_EQ(StoredDevMode(), before);
-}
-
-TEST_F(PropertySheets, OkMergesWhenInputAndOutputAreOneBlock) {
-  AddPrinter();
-  // An older caller's block: what lies behind it is not its own.
-  GuardedBlock both(188 + 10, 0);
-  both.PutWord(kAtSpecVersion, 800);
-  both.PutWord(kAtDriverVersion, 0x0101);
-  both.PutWord(kAtSize, 188);
-  both.PutWord(kAtExtra, 10);
-  memset(both.Data() + 188, 0x5C, 10);
-  DocumentPropertyHeader header = DocumentHeader(2, both.Data(), both.Data());
-  RunDocumentSheet(&header, kResultOk);
-  EXPECT_EQ(both.Word(kAtCopies), 77);
-  EXPECT_EQ(both.Word(kAtSpecVersion), 800);
-  EXPECT_EQ(both.Word(kAtDriverVersion), 0x0101);
-  EXPECT_EQ(both.Word(kAtSize), 188);
-  EXPECT_EQ(both.Word(kAtExtra), 10);
-  for (size_t i = 188; i < 198; i++) EXPECT_EQ(both.Data()[i], 0x5C);
-}
-
-TEST_F(PropertySheets, OkCopiesOverOneBlockWithoutAHeader) {
-  AddPrinter();
-  GuardedBlock both(1516, 0);
-  DocumentPropertyHeader header = DocumentHeader(2, both.Data(), both.Data());
-  RunDocumentSheet(&header, kResultOk);
-  EXPECT_EQ(both.Word(kAtCopies), 77);
-  EXPECT_EQ(both.Word(kAtExtra), 1296);
-}
-
-TEST_F(PropertySheets, CancelRestoresTheDevModeAsItStoodAtTheStart) {
-  AddPrinter();
-  GuardedBlock output(1516);
-  DocumentPropertyHeader header = DocumentHeader(2, output.Data());
-  SheetHost host(DrvDocumentPropertySheets, &header);
-  ASSERT_EQ(host.Init(), 1);
-  std::vector<uint8_t> before(1516);
-  EXPECT_EQ(SessionOf(&host.Info)->DevModeBuffer.CopyTo(before.data(), 1516), 1516u);
-  Edit(host, 77);
-  EXPECT_EQ(host.SetResult(1), 1);  // applied, then cancelled
-  EXPECT_EQ(output.Word(kAtCopies), 77);
-  EXPECT_EQ(host.SetResult(0), 1);
-  EXPECT_EQ(output.Copy(), before);
-  EXPECT_EQ(host.Info.Result, 0u);
-  EXPECT_EQ(host.Destroy(), 1);
-}
-
-TEST_F(PropertySheets, CancelWithoutTheCopyBitLeavesTheOutput) {
-  AddPrinter();
-  GuardedBlock output(1516);
-  for (uint32_t mode : {0u, 1u, 9u}) {
-    DocumentPropertyHeader header = DocumentHeader(mode, output.Data());
-    RunDocumentSheet(&header, kResultCancel);
-  }
-  EXPECT_EQ(output.Copy(), std::vector<uint8_t>(1516, 0xCD));
-}
-
-TEST_F(PropertySheets, ResultsWithoutOutputAreTaken) {
-  AddPrinter();
-  DocumentPropertyHeader header = DocumentHeader(2, nullptr);
-  RunDocumentSheet(&header, kResultOk);
-  RunDocumentSheet(&header, kResultCancel);
-}
-
-TEST_F(PropertySheets, OtherResultsAreOnlyPassedOn) {
-  AddPrinter();
-  GuardedBlock output(1516);
-  DocumentPropertyHeader header = DocumentHeader(3, output.Data());
-  RunDocumentSheet(&header, 2);
-  RunDocumentSheet(&header, -1);
-  EXPECT_EQ(output.Copy(), std::vector<uint8_t>(1516, 0xCD));
 }
 
 TEST_F(PropertySheets, InputDevModeCountsOnlyWithTheMergeBit) {

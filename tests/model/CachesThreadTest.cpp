@@ -39,7 +39,7 @@ TEST_F(CachesThreadTest, RecordsOfManyThreadsStayWhole) {
 }
 
 TEST_F(CachesThreadTest, AllThreadsGetOneReader) {
-  const OString path = Archives.WidePath(u"none.ddz").c_str();
+  const OString path = Files.WidePath(u"none.ddz").c_str();
   const std::u16string text = path.GetWide();
   std::atomic<ArchiveReader*> readers[kThreads] = {};
   InThreads([&](int id) {

@@ -100,20 +100,13 @@ TEST_F(ModelDefinitionTest, AStoreValueRedirectsTheModelToo) {
 
 TEST_F(ModelDefinitionTest, AKeyOfTheMakerWinsOnItsDriverOnly) {
   DefineChain(
-      "Stock.Maximum.X=4 in\nStock.Maximum.X(IN)=3 in\nStock.Minimum.X(IN)=\n"
-      "Stock.Minimum.X=1 in\n");
-  Install();
-  Define("", "");
+      "Stock.Maximum.X=4 in\nStock.Maximum.X(IN)=3 in\nStock.Minimum.X=1 in\n"
+      "Stock.Minimum.X(IN)=\n");
+  EXPECT_EQ(InstallAndOpen().GetMaximumX().Units(), 4 * 254000);
+  TearDown();
+  SetUp();
   TestPrinterOptions other;
-  other.Name = u"Other Maker";
-  other.DriverName = u"Ostrel Test";
   other.DataFile = u"ostin.dat";
-  PrinterModel& own = Open();
-  EXPECT_EQ(own.GetMaximumX().Units(), 4 * 254000);
-  Models.clear();
-  Printers.clear();
-  CloseCaches();
-  OpenCaches();
   PrinterModel& model = InstallAndOpen(other);
   EXPECT_STREQ(model.GetDefinition().KeySuffix.GetNarrow(), "(IN)");
   EXPECT_EQ(model.GetMaximumX().Units(), 3 * 254000);

@@ -4,8 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <filesystem>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "model/Caches.h"
@@ -23,8 +25,11 @@ class ModelFixture : public testing::Test {
   void SetUp() override { OpenCaches(); }
   void TearDown() override {
     Models.clear();
-    Printers.clear();
     CloseCaches();
+    // Where the spooler keeps its drivers, the next test would find them.
+    for (const std::filesystem::path& archive : Installed) std::filesystem::remove(archive);
+    Installed.clear();
+    Printers.clear();
   }
 
   // A member of the maker's base archive, or of the family's one.
@@ -39,18 +44,17 @@ class ModelFixture : public testing::Test {
     Define("Model.d", "[One]\n" + modelLines);
   }
 
-  TestPrinter& Install(TestPrinterOptions options = {}) {
-    const std::string maker(options.DataFile.begin() + 3, options.DataFile.begin() + 5);
-    Base.WriteTo(Archives.Path(maker + "#base.ddz"));
-    Family.WriteTo(Archives.Path(maker + "#ost.ddz"));
-    options.DriverDirectory = Archives.WidePath(u"");
-    if (!options.DriverDirectory.empty() &&
-        (options.DriverDirectory.back() == u'/' || options.DriverDirectory.back() == u'\\')) {
-      options.DriverDirectory.pop_back();
-    }
+  TestPrinter& Install(const TestPrinterOptions& options = {}) {
     Printers.push_back(std::make_unique<TestPrinter>(options));
-    EXPECT_TRUE(Printers.back()->IsReady());
-    return *Printers.back();
+    TestPrinter& printer = *Printers.back();
+    EXPECT_TRUE(printer.IsReady());
+    const std::filesystem::path directory = printer.DriverDirectory();
+    const std::string maker(options.DataFile.begin() + 3, options.DataFile.begin() + 5);
+    for (const auto& [name, zip] : {std::pair("base", &Base), std::pair("ost", &Family)}) {
+      Installed.push_back(directory / (maker + "#" + name + ".ddz"));
+      EXPECT_TRUE(zip->WriteTo(Installed.back().string()));
+    }
+    return printer;
   }
 
   // A model that lives until the end of the test.
@@ -85,7 +89,8 @@ class ModelFixture : public testing::Test {
     return field.substr(0, field.find('\0'));
   }
 
-  TempDirectory Archives;
+  TempDirectory Files;
+  std::vector<std::filesystem::path> Installed;
   ZipBuilder Base;
   ZipBuilder Family;
   std::vector<std::unique_ptr<TestPrinter>> Printers;

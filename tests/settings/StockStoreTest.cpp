@@ -45,7 +45,9 @@ class StockStore : public StockTest {
     const int size = platform::ReadValue(opened, name, data.data(), 300, &type);
     platform::CloseKey(opened);
     data.resize(static_cast<size_t>(std::max(size, 0)));
-    if (size >= 0) EXPECT_EQ(expectedType, type);
+    if (size >= 0) {
+      EXPECT_EQ(expectedType, type);
+    }
     return data;
   }
   static std::string ValuesOf(const char16_t* key) {
@@ -342,6 +344,20 @@ TEST_F(StockStore, ShadowedPrinterHasItsStockInTheUsersHive) {
   EXPECT_EQ("", ValuesOf(kForms));
   EXPECT_EQ(WideBytes("A"), Read(u"SOFTWARE\\Vantrel\\Drivers\\LOCAL:\\Paper Sizes",
                                  u"Form 01: Name", 1, platform::Hive::kCurrentUser));
+  EXPECT_EQ("USER,A", Loaded());
+}
+
+TEST_F(StockStore, ShadowedPrinterOnAnOlderPathHasItsStockInTheMachinesHive) {
+  const PathFlags flags(true, false);
+  Store().WriteByte("LOCAL:Printers/[PRINTER]/Shadow", 2);
+  ModelObject.reset();
+  List.Load(Model());
+  AddStockTo(&List, "A");
+  List.Normalize();
+  EXPECT_TRUE(List.Save(Model()));
+  EXPECT_EQ("", ValuesOf(kForms));
+  EXPECT_EQ(WideBytes("A"),
+            Read(u"SOFTWARE\\Vantrel\\Drivers\\LOCAL:\\Paper Sizes", u"Form 01: Name", 1));
   EXPECT_EQ("USER,A", Loaded());
 }
 

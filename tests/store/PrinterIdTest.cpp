@@ -168,20 +168,25 @@ TEST(PrinterId, OneBackslashAtThePortIsNoServer) {
 TEST(PrinterId, StoredDevModeIsCopiedWhole) {
   TestPrinter printer;
   ASSERT_TRUE(printer.IsReady());
-  std::vector<uint8_t> block(1516, 0x5A);
-  // Spoolers leave what stands behind the device and form names unset, so there is nothing.
-  const char16_t name[] = u"A name of thirty-one characters";
-  memcpy(block.data(), name, sizeof name);
-  memcpy(&block[102], name, sizeof name);
+  std::vector<uint8_t> block(1516, 0xC3);
   const uint16_t size = 220;
   const uint16_t extra = 1296;
+  memset(block.data(), 0, size);
+  memcpy(&block[0], u"Test Printer", 26);
   memcpy(&block[68], &size, 2);
   memcpy(&block[70], &extra, 2);
+  block[74] = 1;  // there is a form name
+  memcpy(&block[102], u"Shelf label", 24);
   Opened opened(printer.Name());
   ASSERT_TRUE(platform::SetPrinterDevMode(opened.Get(), block.data(), 1516));
   PrinterId id(opened.Get());
   ASSERT_EQ(1516u, id.Printer().DevMode.Size);
-  EXPECT_EQ(0, memcmp(block.data(), id.Printer().DevMode.Data, 1516));
+  // Spoolers leave what stands behind the ends of the two names unset.
+  const uint8_t* stored = id.Printer().DevMode.Data;
+  EXPECT_EQ(0, memcmp(&block[0], stored, 26));
+  EXPECT_EQ(0, memcmp(&block[64], stored + 64, 102 - 64));
+  EXPECT_EQ(0, memcmp(&block[102], stored + 102, 24));
+  EXPECT_EQ(0, memcmp(&block[166], stored + 166, 1516 - 166));
 }
 
 TEST(PrinterId, FamilyAndMakerCodesComeFromTheDataFileInLowerCase) {

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <string_view>
 
-#include "platform/CodePages.h"
 
 namespace ostvt::platform {
 namespace {

@@ -250,7 +250,7 @@ bool HiveFile::Configure(bool readOnly) {
   // Committed is committed even if the process is killed right away. Where the log cannot be had,
   // the file's own journal gives the same.
   if (!SwitchToLog(Database) ||
-      !Execute(Database, "PRAGMA synchronous=NORMAL; PRAGMA journal_size_limit=0;")) {
+      !Execute(Database, "PRAGMA synchronous=NORMAL; PRAGMA journal_size_limit=8388608;")) {
     return false;
   }
   int version = ReadNumber(Database, "PRAGMA user_version");

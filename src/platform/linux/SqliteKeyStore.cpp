@@ -5,16 +5,14 @@
 #include <string>
 #include <string_view>
 
+#include "platform/KeyPath.h"
 #include "platform/KeyStore.h"
 #include "platform/linux/SqliteHive.h"
 
 namespace ostvt::platform {
 namespace {
 
-// The registry's own bounds.
-constexpr size_t kKeyNameLimit = 255;
-constexpr size_t kValueNameLimit = 260;
-constexpr int kDepthLimit = 512;
+constexpr size_t kValueNameLimit = kNameUnits - 1;
 
 // Where an enumeration stands, so that the next index need not count from the start.
 struct Cursor {
@@ -44,20 +42,6 @@ std::u16string Fold(std::u16string_view text) {
   std::u16string folded(text);
   for (char16_t& unit : folded) unit = Fold(unit);
   return folded;
-}
-
-// Elements of 1 to 255 units each. No text is a good path, that of the root.
-bool IsKeyPath(std::u16string_view path) {
-  if (path.empty()) return true;
-  int depth = 1;
-  size_t start = 0;
-  for (size_t i = 0; i <= path.size(); ++i) {
-    if (i < path.size() && path[i] != u'\\') continue;
-    if (i == start || i - start > kKeyNameLimit) return false;
-    if (i < path.size() && ++depth > kDepthLimit) return false;
-    start = i + 1;
-  }
-  return true;
 }
 
 bool KeyExists(HiveFile* file, std::u16string_view path) {

@@ -2,8 +2,8 @@
 #include <cstdint>
 #include <cstring>
 #include <string>
-#include <string_view>
 
+#include "platform/KeyPath.h"
 #include "platform/KeyStore.h"
 #include "platform/windows/Win32.h"
 
@@ -27,13 +27,6 @@ HKEY RootOf(Hive hive) {
       return HKEY_USERS;
   }
   return nullptr;
-}
-
-// The system itself passes over empty elements, which would turn the path of a printer without a
-// name into that of the key above.
-bool HasEmptyElement(std::u16string_view path) {
-  return !path.empty() && (path.front() == u'\\' || path.back() == u'\\' ||
-                           path.find(u"\\\\") != std::u16string_view::npos);
 }
 
 HKEY CreateKey(HKEY root, const char16_t* subKey) {
@@ -60,7 +53,9 @@ bool IsText(uint32_t type) {
 KeyHandle OpenKey(Hive hive, const char16_t* subKey, bool create) {
   if (!subKey) subKey = u"";
   HKEY root = RootOf(hive);
-  if (!root || HasEmptyElement(subKey)) return nullptr;
+  // The system itself passes over empty elements, which would turn the path of a printer without a
+  // name into that of the key above.
+  if (!root || !IsKeyPath(subKey)) return nullptr;
   HKEY key = nullptr;
   if (RegOpenKeyExW(root, AsWide(subKey), 0, kReadWrite, &key) == ERROR_SUCCESS) return key;
   if (RegOpenKeyExW(root, AsWide(subKey), 0, kReadOnly, &key) == ERROR_SUCCESS) return key;
@@ -145,7 +140,7 @@ bool QueryKey(KeyHandle key, int* subKeys, int* values) {
 
 bool DeleteKey(KeyHandle parent, const char16_t* name) {
   // The system would take an empty name for the key itself.
-  return parent && name && name[0] != 0 && !HasEmptyElement(name) &&
+  return parent && name && name[0] != 0 && IsKeyPath(name) &&
          RegDeleteKeyW(AsKey(parent), AsWide(name)) == ERROR_SUCCESS;
 }
 
