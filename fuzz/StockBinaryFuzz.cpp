@@ -33,7 +33,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const int32_t count = list.ImportBinary(file);
   if (count < 0 || list.GetCount() > count) abort();
   // The least record has 29 bytes.
-  if (size < 8 + static_cast<size_t>(count) * 29) abort();
+  if (count > 0 && size < 8 + static_cast<size_t>(count) * 29) abort();
   for (const ostvt::StockItem* item = list.GetFirst(); item; item = item->GetNext()) {
     if (!item->IsRemovable() || item->IsOfModel()) abort();
   }

@@ -1,6 +1,7 @@
 #include "entry/Exports.h"
 #include "entry/PrinterAction.h"
 #include "settings/DriverSession.h"
+#include "settings/StockRecords.h"
 
 namespace ostvt {
 namespace {
@@ -13,12 +14,12 @@ constexpr uint32_t kVisibleActionFlags = 3;
 
 constexpr uint32_t kNullSessionFlags = 0xFFFFFFFE;
 constexpr int32_t kNullSession = -2;
-constexpr int32_t kNoStock = -1;
-constexpr int32_t kStockRecordSize = 156;
 
 bool IsClientAction(int32_t action) { return action >= kFirstAction && action <= kLastAction; }
 
 DriverSession* AsSession(void* session) { return static_cast<DriverSession*>(session); }
+
+StockList& StockOf(void* session) { return AsSession(session)->GetStock(); }
 
 }  // namespace
 }  // namespace ostvt
@@ -64,22 +65,30 @@ void OSTVT_API DAL_Settings_Export(void*, const char16_t*, uint32_t) {}
 void OSTVT_API DAL_Settings_Import(void*, const char16_t*, uint32_t) {}
 void OSTVT_API DAL_Settings_Reset(void*, uint32_t) {}
 
-// A session's list of stock is empty.
-int32_t OSTVT_API DAL_Stock_Enumerate(void* session, int32_t, void*, int32_t size) {
+int32_t OSTVT_API DAL_Stock_Enumerate(void* session, int32_t index, void* record, int32_t size) {
   if (!session) return kNullSession;
-  return size == 0 ? kStockRecordSize : kNoStock;
+  return EnumerateStock(StockOf(session), index, record, static_cast<uint32_t>(size));
 }
 
-int32_t OSTVT_API DAL_Stock_EnumerateName(void* session, const char16_t*, void*, int32_t size) {
+int32_t OSTVT_API DAL_Stock_EnumerateName(void* session, const char16_t* name, void* record,
+                                          int32_t size) {
   if (!session) return kNullSession;
-  return size == 0 ? kStockRecordSize : kNoStock;
+  return EnumerateStockByName(StockOf(session), name, record, static_cast<uint32_t>(size));
 }
 
 int32_t OSTVT_API DAL_Stock_EnumerateUpdate(void* session, void* record) {
   if (!session) return kNullSession;
-  return record ? 0 : kNoStock;
+  return UpdateStock(&StockOf(session), record);
 }
 
-int32_t OSTVT_API DAL_Stock_Add(void*, const char16_t*) { return 0; }
-int32_t OSTVT_API DAL_Stock_Remove(void*, int32_t) { return 0; }
-int32_t OSTVT_API DAL_Stock_RemoveName(void*, const char16_t*) { return 0; }
+int32_t OSTVT_API DAL_Stock_Add(void* session, const char16_t* name) {
+  return session && AddStock(&StockOf(session), name);
+}
+
+int32_t OSTVT_API DAL_Stock_Remove(void* session, int32_t index) {
+  return session && RemoveStock(&StockOf(session), index);
+}
+
+int32_t OSTVT_API DAL_Stock_RemoveName(void* session, const char16_t* name) {
+  return session && RemoveStockByName(&StockOf(session), name);
+}

@@ -3,6 +3,7 @@
 #include "entry/CallerBlock.h"
 #include "entry/Exports.h"
 #include "model/PrinterModel.h"
+#include "settings/StockPapers.h"
 #include "store/PrinterId.h"
 
 uint32_t OSTVT_API DrvDeviceCapabilities(void* printer, const char16_t* deviceName,
@@ -16,5 +17,7 @@ uint32_t OSTVT_API DrvDeviceCapabilities(void* printer, const char16_t* deviceNa
     block.AllocateDefaults(model.get());
     if (devMode) block.Merge(CallerBlock(devMode), model.get());
   }
-  return static_cast<uint32_t>(model->GetDeviceCapability(capability, output, block.GetBlock()));
+  StockPapers papers(model.get());
+  return static_cast<uint32_t>(
+      model->GetDeviceCapability(capability, output, block.GetBlock(), &papers));
 }

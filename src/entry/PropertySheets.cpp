@@ -8,6 +8,7 @@
 #include "model/PrinterModel.h"
 #include "platform/Module.h"
 #include "settings/DriverSession.h"
+#include "settings/StockPapers.h"
 #include "store/PrinterId.h"
 
 namespace ostvt {
@@ -45,8 +46,9 @@ int32_t GetDocumentDevMode(DocumentPropertyHeader* header) {
   if (!GetDriverDefault(printerId.GetFullName().GetWide(), devMode.GetBlock(), &size)) {
     devMode.SetDefaults(model.get());
   }
-  MergeStoredDevMode(&devMode, printerId, model.get());
-  if (header->fMode & kModeMerge) devMode.Merge(CallerBlock(header->pdmIn), model.get());
+  StockPapers papers(model.get());
+  MergeStoredDevMode(&devMode, printerId, model.get(), &papers);
+  if (header->fMode & kModeMerge) devMode.Merge(CallerBlock(header->pdmIn), model.get(), &papers);
   // cbOut is not asked: hosts leave rubbish in it. The caller has what the size query promised.
   if (header->fMode & kModeCopy) devMode.CopyTo(header->pdmOut, kDevModeSize);
   return 1;

@@ -7,6 +7,7 @@
 #include "model/PrinterModel.h"
 #include "platform/Module.h"
 #include "settings/DriverSession.h"
+#include "settings/StockPapers.h"
 #include "store/PrinterRegistry.h"
 
 namespace ostvt {
@@ -118,7 +119,8 @@ int32_t ApplySheetResult(PropSheetUiInfo* info, const SetResultInfo* setResult,
     if (setResult->Result == kResultOk && (header->fMode & (kModeUpdate | kModeCopy))) {
       CallerBlock target(header->pdmOut);
       if (header->pdmIn == header->pdmOut && target.GetSize() > 0) {
-        target.Merge(session->DevModeBuffer, session->Model);
+        StockPapers papers(session->Model);
+        target.Merge(session->DevModeBuffer, session->Model, &papers);
       } else if (header->pdmOut) {
         session->DevModeBuffer.CopyTo(header->pdmOut, kDevModeSize);
       }

@@ -2,20 +2,23 @@
 
 #include "entry/OpenedPrinter.h"
 #include "settings/DevMode.h"
+#include "settings/StockPapers.h"
 #include "store/PrinterId.h"
 
 namespace ostvt {
 
-void MergeStoredDevMode(DevMode* devMode, PrinterId& printerId, PrinterModel* model) {
+void MergeStoredDevMode(DevMode* devMode, PrinterId& printerId, PrinterModel* model,
+                        PaperResolver* papers) {
   const Buffer& stored = printerId.Printer().DevMode;
-  devMode->Merge(DevMode(stored.Data, stored.Size), model);
+  devMode->Merge(DevMode(stored.Data, stored.Size), model, papers);
 }
 
 bool UpgradeStoredDevMode(platform::PrinterHandle printer, PrinterId& printerId,
                           PrinterModel* model) {
   DevMode devMode;
   devMode.AllocateDefaults(model);
-  MergeStoredDevMode(&devMode, printerId, model);
+  StockPapers papers(model);
+  MergeStoredDevMode(&devMode, printerId, model, &papers);
   platform::SetPrinterDevMode(printer, devMode.GetBlock(), devMode.GetSize());
   return true;
 }

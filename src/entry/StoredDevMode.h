@@ -7,6 +7,7 @@
 namespace ostvt {
 
 class DevMode;
+class PaperResolver;
 class PrinterId;
 class PrinterModel;
 
@@ -16,7 +17,8 @@ bool UpgradeStoredDevMode(platform::PrinterHandle printer, PrinterId& printerId,
                           PrinterModel* model);
 
 // Takes the printer's stored device mode over into `devMode`; without one, validates it only.
-void MergeStoredDevMode(DevMode* devMode, PrinterId& printerId, PrinterModel* model);
+void MergeStoredDevMode(DevMode* devMode, PrinterId& printerId, PrinterModel* model,
+                        PaperResolver* papers);
 
 // Makes a block of this driver the printer's stored device mode; the rest of its record stays. With
 // a null handle the printer is opened by name.

@@ -1,5 +1,6 @@
 #include "model/NameMap.h"
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 
@@ -85,12 +86,15 @@ int32_t NameMap::FindPosition(uint32_t hash) const {
   const uint32_t* hashes = Hashes.Data;
   while (at > 0 && hash >= hashes[at - 1]) at -= kBlock;
   while (at + kBlock < count && hash < hashes[at + kBlock - 1]) at += kBlock;
-  int32_t above = 0;
-  if (at + kBlock <= count) {
-    for (int32_t i = 0; i < kBlock; ++i) above += hash < hashes[at + i];
-  } else {
-    while (at + above < count && hash < hashes[at + above]) ++above;
+  if (count < kBlock) {
+    at = 0;
+    while (at < count && hash < hashes[at]) ++at;
+    return at;
   }
+  // All that stand before a block are above, so it may begin earlier.
+  at = std::min(at, count - kBlock);
+  int32_t above = 0;
+  for (int32_t i = 0; i < kBlock; ++i) above += hash < hashes[at + i];
   return at + above;
 }
 

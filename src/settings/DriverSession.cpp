@@ -8,6 +8,7 @@
 #include "model/PrinterModel.h"
 #include "platform/VersionResource.h"
 #include "settings/AccessLevels.h"
+#include "settings/StockPapers.h"
 #include "store/PrinterId.h"
 #include "store/PrinterRegistry.h"
 
@@ -39,12 +40,16 @@ void DriverSession::Initialize(platform::PrinterHandle printerHandle, const DevM
   LoadDefaultDevMode();
   Link.PrinterName = PrinterName;
   Link.SetShadowBlocked(false);
-  // Later sources win: the spooler's stored device mode, then the caller's.
+  // Later sources win: the spooler's stored device mode, then the caller's. Their papers are looked
+  // up in a list of their own, since the session's follows only what is edited in it.
+  StockPapers papers(Model);
   if (DriverOnNtPath) {
     const Buffer& stored = printer.Printer().DevMode;
-    DevModeBuffer.Merge(DevMode(stored.Data, stored.Size), Model);
+    DevModeBuffer.Merge(DevMode(stored.Data, stored.Size), Model, &papers);
   }
-  if ((flags & kSessionMerge) != 0 && inputDevMode) DevModeBuffer.Merge(*inputDevMode, Model);
+  if ((flags & kSessionMerge) != 0 && inputDevMode) {
+    DevModeBuffer.Merge(*inputDevMode, Model, &papers);
+  }
   LoadSettings();
 }
 
@@ -56,10 +61,23 @@ void DriverSession::LoadSettings() {
 
 void DriverSession::Save() {
   if (!Model) return;
+  if (StockLoaded) Stock.Save(Model);
   StoreDefaultDevMode();
 }
 
-void DriverSession::Reload() {}
+void DriverSession::Reload() {
+  if (!Model) return;
+  Stock.Load(Model);
+  StockLoaded = true;
+}
+
+StockList& DriverSession::GetStock() {
+  if (!StockLoaded) {
+    Stock.Load(Model);
+    StockLoaded = true;
+  }
+  return Stock;
+}
 
 bool DriverSession::LoadDefaultDevMode() {
   if (DriverOnNtPath ? LoadInitialDevMode() : LoadNarrowDevMode()) return true;

@@ -13,6 +13,7 @@
 #include "platform/Spooler.h"
 #include "settings/DevMode.h"
 #include "settings/SessionRecords.h"
+#include "settings/StockList.h"
 
 namespace ostvt {
 
@@ -64,6 +65,8 @@ class DriverSession {
   void Save();
   // Reads the lists anew; the device mode stays.
   void Reload();
+  // The printer's stock, read on the first call. The session's.
+  StockList& GetStock();
   // The About page is not to be the page shown first.
   void KeepAboutClosed();
   // The session edits the printer's defaults, not those of one document.
@@ -95,7 +98,9 @@ class DriverSession {
   int32_t PageCount = 0;
   SheetCallbackFunction SheetCallback = nullptr;
   void* DialogArgument = nullptr;  // for the dialog being opened; the opener's
-  bool NoShadowPush = false;       // closing and saving tell the server nothing
+  StockList Stock;                 // empty until StockLoaded; see GetStock
+  bool StockLoaded = false;
+  bool NoShadowPush = false;  // closing and saving tell the server nothing
 
  private:
   // False: model defaults stand in.

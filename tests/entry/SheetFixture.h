@@ -12,7 +12,6 @@ class SheetTest : public EntryTest {
  protected:
   DevicePropertyHeader DeviceHeader() {
     DevicePropertyHeader header = {};
-
     header.cbSize = sizeof header;
     header.pszPrinterName = Name();
     return header;

@@ -1,4 +1,5 @@
 #include "model/PaperSource.h"
+#include "model/RecordCache.h"
 #include "platform/Spooler.h"
 #include "tests/model/ModelFixture.h"
 
@@ -211,6 +212,23 @@ TEST_F(CapabilityTest, ThePaperListIsMadeOnlyWhereItIsAskedFor) {
     model.GetDeviceCapability(capability, nullptr, nullptr, &papers);
   }
   EXPECT_EQ(papers.Loads, 0);
+}
+
+// A reader that was made without the files would never see them.
+TEST_F(CapabilityTest, AWarmModelAnswersWithoutItsArchives) {
+  DefineChain("a=found\n");
+  TestPrinter& printer = Install();
+  for (const std::filesystem::path& archive : Installed) std::filesystem::remove(archive);
+  ModelData cached = {};
+  cached.Resolutions[0] = {203, 203};
+  TheRecordCache()->Put(printer.Name() + ":ModelData", &cached, sizeof cached);
+  PrinterModel& model = Open();
+  for (int32_t capability = 0; capability <= 34; ++capability) {
+    model.GetDeviceCapability(capability, nullptr, nullptr);
+  }
+  EXPECT_EQ(model.GetDefaultResolutionX(), 203);
+  Base.WriteTo(Installed[0].string());
+  EXPECT_STREQ(model.GetDefinitionString("Model", "a").GetNarrow(), "found");
 }
 
 }  // namespace

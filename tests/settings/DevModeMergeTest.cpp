@@ -369,7 +369,7 @@ TEST_F(DevModeMerge, BlockOfAnotherModelLosesOnlyItsRecord) {
   EXPECT_EQ(5u, Target.Get(kRecord + 1112, 4));
 }
 
-// A target whose private part is 8 bytes has a trailer at most; one of 9 is looked into.
+// Room for a trailer and no more.
 TEST_F(DevModeMerge, DriverExtraOf8CopiesNoPrivateData) {
   Source.Put(kRecord + 1112, 4, 3);
   TestBlock narrowed(Source.Copy());
@@ -445,7 +445,7 @@ TEST_F(DevModeMerge, MergingABlockIntoItselfKeepsIt) {
   target.Validate(Model());
   const std::vector<uint8_t> before = Target.Copy();
   target.Merge(target, Model());
-  // dmFields of a paper without a stock list: 0x2 and 256 declare the form.
+  // The user form declares its name, which the first validation had no paper for.
   Target.Put(kFields, 4, 0);
   std::vector<uint8_t> expected = before;
   for (uint32_t i = 0; i < 4; ++i) expected[kFields + i] = 0;

@@ -177,15 +177,14 @@ TEST_F(DevModeNarrow, WrittenNameEndsWithAZeroAt32Bytes) {
   EXPECT_EQ(0, narrow[31]);
 }
 
-TEST(FillNarrowField, CutsBetweenCharacters) {
-  OString name(u"a\u65E5\u672C");
-  name.SetCodePage(kCodePageUtf8);
+TEST(FillNarrowField, KeepsTheLongestPartThatFits) {
   char field[8];
-  // The part has the system's page, which may not know these: only what the field holds is tested.
-  FillNarrowField(field, 8, 7, OString(u"abcdefghij"));
+  FillNarrowField(field, 8, 7, u"abcdefghij");
   EXPECT_STREQ("abcdefg", field);
+  FillNarrowField(field, 8, 7, u"ab");
+  EXPECT_EQ(std::string("ab\0\0\0\0\0\0", 8), std::string(field, 8));
   FillNarrowField(field, 8, 7, OString());
-  EXPECT_STREQ("", field);
+  EXPECT_EQ(std::string(8, '\0'), std::string(field, 8));
 }
 
 TEST(FillWideField, FillsAllWithoutATerminatorOfItsOwn) {
