@@ -11,6 +11,7 @@
 #include "platform/Errors.h"
 #include "settings/DevMode.h"
 #include "settings/DevModeRecord.h"
+#include "settings/InitialDevMode.h"
 #include "store/PrinterId.h"
 #include "store/PrinterRegistry.h"
 
@@ -19,7 +20,6 @@ namespace {
 
 constexpr uint16_t kOldPublicSize = 188;
 constexpr uint16_t kOldSpecVersion = 800;
-constexpr char kInitialDevMode[] = "DATA:Initial DevMode";
 
 static_assert(offsetof(PublicDevMode, dmFields) == kDevModeHeadSize);
 
@@ -91,9 +91,7 @@ bool GetDriverDefault(const char16_t* printerName, void* output, int32_t* size) 
   PrinterRegistry store((OString(printerName)));
   // Read aside: a stored block that is not of this driver leaves the caller's as it was.
   uint8_t stored[kDevModeSize];
-  if (store.ReadBinary(kInitialDevMode, stored, needed) == needed &&
-      ReadWord(stored, offsetof(PublicDevMode, dmSize)) == kPublicSize &&
-      ReadWord(stored, offsetof(PublicDevMode, dmDriverExtra)) == kDriverExtra) {
+  if (ReadInitialDevMode(store, stored)) {
     CopyBytes(output, stored, sizeof stored);
     *size = needed;
     return true;
@@ -106,7 +104,7 @@ bool GetDriverDefault(const char16_t* printerName, void* output, int32_t* size) 
   DevMode devMode;
   devMode.AllocateDefaults(model.get());
   devMode.CopyTo(output, kDevModeSize);
-  store.WriteBinary(kInitialDevMode, output, needed);
+  WriteInitialDevMode(&store, devMode);
   *size = needed;
   return true;
 }

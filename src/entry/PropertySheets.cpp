@@ -24,7 +24,7 @@ int32_t BeginDeviceSheet(PropSheetUiInfo* info, const DevicePropertyHeader& head
 int32_t BeginDocumentSheet(PropSheetUiInfo* info, const DocumentPropertyHeader& header) {
   DriverSession* session = CreateDriverSession();
   if (!session) return kSheetFailure;
-  uint32_t flags = header.fMode;
+  uint32_t flags = header.fMode & ~kSessionDefaults;  // not the host's to set
   if (IsExplorer(platform::ProcessPath())) flags |= kSessionDefaults;
   CallerBlock input(header.pdmIn);
   session->Initialize(header.hPrinter, &input, flags, OString(header.pszPrinterName));

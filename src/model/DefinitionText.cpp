@@ -83,7 +83,7 @@ DefinitionText::Span DefinitionText::Trimmed(const char* begin, const char* end)
 }
 
 // Equal texts come with equal `spread` values.
-const OString& DefinitionText::TextOf(Span span, size_t spread) {
+OString DefinitionText::TextOf(Span span, size_t spread) {
   KnownText& known = Known[spread % kKnownTexts];
   if (known.Where.Length != span.Length ||
       (span.Length > 0 && memcmp(known.Where.Text, span.Text, span.Length) != 0)) {

@@ -62,7 +62,7 @@ class DefinitionText {
   static constexpr size_t kKnownTexts = 128;
 
   static Span Trimmed(const char* begin, const char* end);
-  const OString& TextOf(Span span, size_t spread);
+  OString TextOf(Span span, size_t spread);
   void SplitLines(const char* text, size_t size);
   void AddLine(Span line);
   void SplitEntries(Block* block);

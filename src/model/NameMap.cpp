@@ -52,10 +52,23 @@ uint32_t HashText(const char* text, size_t size) {
     text += 4;
     size -= 4;
   }
-  for (; size > 0; ++text, --size) {
-    crc = kCrc[0][(crc ^ static_cast<uint8_t>(*text)) & 0xFF] ^ crc >> 8;
+  // The last bytes, and the terminator with them.
+  uint32_t last = crc;
+  for (size_t i = 0; i < size; ++i) {
+    last ^= static_cast<uint32_t>(static_cast<uint8_t>(text[i])) << 8 * i;
   }
-  return ~(kCrc[0][crc & 0xFF] ^ crc >> 8);
+  switch (size) {
+    case 0:
+      return ~(kCrc[0][last & 0xFF] ^ last >> 8);
+    case 1:
+      return ~(kCrc[1][last & 0xFF] ^ kCrc[0][last >> 8 & 0xFF] ^ last >> 16);
+    case 2:
+      return ~(kCrc[2][last & 0xFF] ^ kCrc[1][last >> 8 & 0xFF] ^ kCrc[0][last >> 16 & 0xFF] ^
+               last >> 24);
+    default:
+      return ~(kCrc[3][last & 0xFF] ^ kCrc[2][last >> 8 & 0xFF] ^ kCrc[1][last >> 16 & 0xFF] ^
+               kCrc[0][last >> 24]);
+  }
 }
 
 constexpr int32_t kBlock = 16;

@@ -184,12 +184,13 @@ int32_t DevMode::GetPaperLength() const {
 }
 
 int32_t DevMode::GetCopies() const {
-  return HasFields(kFieldCopies) ? Get(&PublicDevMode::dmCopies) : 1;
+  return HasFields(kFieldCopies) && Has(&PublicDevMode::dmCopies) ? Get(&PublicDevMode::dmCopies)
+                                                                  : 1;
 }
 
 int32_t DevMode::GetOrientation() const {
-  if (IsEmpty()) return 0;
-  return Get(&PublicDevMode::dmOrientation) - 1 + (GetImageFlag(kImageTurned) ? 2 : 0);
+  const int32_t landscape = Get(&PublicDevMode::dmOrientation) == 2 ? 1 : 0;
+  return landscape + (GetImageFlag(kImageTurned) ? 2 : 0);
 }
 
 int32_t DevMode::GetColor() const { return IsEmpty() ? 1 : Get(&PublicDevMode::dmColor); }
@@ -217,7 +218,7 @@ uint32_t DevMode::GetPresetNameCrc() const {
 }
 
 void DevMode::SetCopies(int32_t value) {
-  Set(&PublicDevMode::dmCopies, static_cast<int16_t>(value));
+  Set(&PublicDevMode::dmCopies, static_cast<int16_t>(std::clamp<int32_t>(value, 1, INT16_MAX)));
   ChangeFields(0, kFieldCopies);
 }
 

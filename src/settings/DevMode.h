@@ -4,7 +4,7 @@
 // sizes is believed only inside that length. A public field counts as far as it lies inside dmSize
 // and the known length: of a field that is cut off there the missing bytes read 0 and are not
 // written. Private data that can't be found reads as off, and what would change it does nothing.
-// An empty DevMode reads as zeros.
+// An empty DevMode reads as zeros, where the getters say nothing else.
 //
 // Not copied: Assign makes an owned copy of a block. One thread.
 #pragma once

@@ -20,7 +20,8 @@ void WriteDevModeBlob(const DevMode& devMode, Buffer* blob) {
   devMode.CopyTo(blob->Data + kHeadSize, length);
 }
 
-bool ReadDevModeBlob(const void* blob, uint32_t size, PrinterModel* model, DevMode* target) {
+bool ReadDevModeBlob(const void* blob, uint32_t size, PrinterModel* model, DevMode* target,
+                     PaperResolver* papers) {
   if (!blob || size < kHeadSize) return false;
   const auto* bytes = static_cast<const uint8_t*>(blob);
   if (memcmp(bytes, kSignature, 2) != 0) return false;
@@ -29,10 +30,10 @@ bool ReadDevModeBlob(const void* blob, uint32_t size, PrinterModel* model, DevMo
   length = std::min(length, size - kHeadSize);
   const uint8_t* block = bytes + kHeadSize;
   if (memcmp(bytes, kSignature, 4) == 0) {
-    target->Merge(DevMode(const_cast<uint8_t*>(block), length), model);  // only read
+    target->Merge(DevMode(const_cast<uint8_t*>(block), length), model, papers);  // only read
   } else {
     target->ImportNarrow(block, length);
-    target->Validate(model);
+    target->Validate(model, papers);
   }
   return true;
 }

@@ -13,8 +13,9 @@ namespace ostvt {
 void WriteDevModeBlob(const DevMode& devMode, Buffer* blob);
 
 // Overlays the blob's block on `target`, which has one already, defaults as a rule, and validates
-// it. Of the block only what lies inside `size` counts. False, with `target` untouched, if this is
-// no blob.
-bool ReadDevModeBlob(const void* blob, uint32_t size, PrinterModel* model, DevMode* target);
+// it, the papers included where they are given. Of the block only what lies inside `size` counts.
+// False, with `target` untouched, if this is no blob.
+bool ReadDevModeBlob(const void* blob, uint32_t size, PrinterModel* model, DevMode* target,
+                     PaperResolver* papers = nullptr);
 
 }  // namespace ostvt

@@ -11,11 +11,13 @@ namespace ostvt {
 namespace {
 
 constexpr uint16_t kAnyColor = 0xFF;
+// The last place of a terminator in each of the four texts; the fourth shares its slot's end.
+constexpr size_t kCommandTextEnds[] = {255, 511, 767, 1018};
 constexpr int32_t kLengthLimit = 254000;  // ten inches in thousandths of a millimetre
 
 // Tenths of a millimetre, the rest cut off.
 int16_t CutToTenths(int32_t thousandths) {
-  return static_cast<int16_t>(std::clamp<int32_t>(thousandths / 100, INT16_MIN, INT16_MAX));
+  return static_cast<int16_t>(std::clamp<int32_t>(thousandths / 100, 0, INT16_MAX));
 }
 
 bool HasResolution(PrinterModel* model, int16_t x, int16_t y) {
@@ -108,6 +110,11 @@ void DevMode::Validate(PrinterModel* model, PaperResolver* papers) {
 }
 
 void DevMode::ValidateRecord(PrinterModel* model) {
+  const ModelRecordView& view = GetRecord();
+  // Whoever reads a command text reads to its end, so each must have one.
+  if (view.Room >= sizeof(view.Record->CommandTexts)) {
+    for (const size_t end : kCommandTextEnds) view.Record->CommandTexts[end] = 0;
+  }
   if (!model->HasMirror()) SetImageFlag(kImageMirror, false);
   if (!model->HasInverse()) SetImageFlag(kImageNegative, false);
   if (DitherSetup* dither = GetDitherSetup()) ClampDither(dither);

@@ -1,13 +1,12 @@
 #include "settings/DriverSession.h"
 
-#include <cstring>
-
 #include "core/Crc.h"
 #include "core/DriverPath.h"
 #include "core/Memory.h"
 #include "model/PrinterModel.h"
 #include "platform/VersionResource.h"
 #include "settings/AccessLevels.h"
+#include "settings/InitialDevMode.h"
 #include "settings/StockPapers.h"
 #include "store/PrinterId.h"
 #include "store/PrinterRegistry.h"
@@ -15,7 +14,6 @@
 namespace ostvt {
 namespace {
 
-constexpr char kInitialDevMode[] = "DATA:Initial DevMode";  // a whole block: spooler path
 constexpr char kDefaultDevMode[] = "DATA:Default DevMode";  // the narrow form: 16-bit path
 
 OString VersionTextOf(const char16_t* name) { return platform::VersionText(name).c_str(); }
@@ -46,6 +44,8 @@ void DriverSession::Initialize(platform::PrinterHandle printerHandle, const DevM
   if (DriverOnNtPath) {
     const Buffer& stored = printer.Printer().DevMode;
     DevModeBuffer.Merge(DevMode(stored.Data, stored.Size), Model, &papers);
+  } else {
+    DevModeBuffer.Validate(Model, &papers);
   }
   if ((flags & kSessionMerge) != 0 && inputDevMode) {
     DevModeBuffer.Merge(*inputDevMode, Model, &papers);
@@ -80,17 +80,9 @@ StockList& DriverSession::GetStock() {
 }
 
 bool DriverSession::LoadDefaultDevMode() {
-  if (DriverOnNtPath ? LoadInitialDevMode() : LoadNarrowDevMode()) return true;
+  if (DriverOnNtPath ? LoadInitialDevMode(Model, &DevModeBuffer) : LoadNarrowDevMode()) return true;
   DevModeBuffer.SetDefaults(Model);
   return false;
-}
-
-bool DriverSession::LoadInitialDevMode() {
-  const int32_t read = Model->GetStore().ReadBinary(kInitialDevMode, DevModeBuffer.GetBlock(),
-                                                    static_cast<int32_t>(kDevModeSize));
-  if (read != static_cast<int32_t>(kDevModeSize)) return false;
-  const DevModeHeader header = ReadHeader(DevModeBuffer.GetBlock(), kDevModeSize);
-  return header.Size == kPublicSize && header.DriverExtra == kDriverExtra;
 }
 
 bool DriverSession::LoadNarrowDevMode() {
@@ -107,8 +99,7 @@ bool DriverSession::LoadNarrowDevMode() {
 void DriverSession::StoreDefaultDevMode() {
   PrinterRegistry& store = Model->GetStore();
   if (DriverOnNtPath) {
-    store.WriteBinary(kInitialDevMode, DevModeBuffer.GetBlock(),
-                      static_cast<int32_t>(DevModeBuffer.GetSize()));
+    WriteInitialDevMode(&store, DevModeBuffer);
   } else {
     uint8_t narrow[kNarrowDevModeSize];
     DevModeBuffer.WriteNarrow(PrinterName, narrow);

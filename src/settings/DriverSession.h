@@ -105,7 +105,6 @@ class DriverSession {
  private:
   // False: model defaults stand in.
   bool LoadDefaultDevMode();
-  bool LoadInitialDevMode();
   bool LoadNarrowDevMode();
   void StoreDefaultDevMode();
 

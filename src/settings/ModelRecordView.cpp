@@ -59,6 +59,11 @@ uint32_t CommonRecordSize(const ModelRecordView& a, const ModelRecordView& b) {
                    uint32_t{kRecordSize}, a.Room, b.Room});
 }
 
+bool SameRecordKind(const ModelRecordView& a, const ModelRecordView& b) {
+  return a.Record && b.Record && memcmp(a.Trailer->TrailerModel, b.Trailer->TrailerModel, 3) == 0 &&
+         a.Record->RecordVersion == b.Record->RecordVersion && CommonRecordSize(a, b) >= b.Room;
+}
+
 void CopyRecord(const ModelRecordView& source, const ModelRecordView& target) {
   if (!source.Record || !target.Record) return;
   if (memcmp(source.Trailer->TrailerModel, target.Trailer->TrailerModel, 3) != 0) return;

@@ -38,6 +38,9 @@ ModelRecordView FindRecord(void* block, uint32_t knownLength, const DevModeHeade
 // The bytes that both records have in use, by their own sizes and by where they lie.
 uint32_t CommonRecordSize(const ModelRecordView& a, const ModelRecordView& b);
 
+// Whether `a` may stand in the place of `b`: one model, one version, and all that `b` has.
+bool SameRecordKind(const ModelRecordView& a, const ModelRecordView& b);
+
 // Copies CommonRecordSize() bytes if both records are of one model and version, else nothing. The
 // target's sizes and version stay.
 void CopyRecord(const ModelRecordView& source, const ModelRecordView& target);

@@ -134,13 +134,13 @@ TEST(DalAction, InternalActionsRunWithoutTheLimit) {
   EXPECT_EQ(session.Asked, 1);
 }
 
-TEST_F(Dal, EmptyStockListAnswersAndTouchesNoRecord) {
+TEST_F(Dal, StockThatIsNotThereTouchesNoRecord) {
   Open();
   GuardedBlock record(156);
   EXPECT_EQ(DAL_Stock_Enumerate(Session, 0, nullptr, 0), 156);
   EXPECT_EQ(DAL_Stock_Enumerate(Session, -1, record.Data(), 0), 156);
   EXPECT_EQ(DAL_Stock_EnumerateName(Session, nullptr, nullptr, 0), 156);
-  for (int32_t index : {INT32_MIN, -1, 0, 1, INT32_MAX}) {
+  for (int32_t index : {INT32_MIN, -1, 1, INT32_MAX}) {
     EXPECT_EQ(DAL_Stock_Enumerate(Session, index, record.Data(), 156), -1);
     EXPECT_EQ(DAL_Stock_Enumerate(Session, index, nullptr, 156), -1);
     EXPECT_EQ(DAL_Stock_Remove(Session, index), 0);
@@ -153,6 +153,63 @@ TEST_F(Dal, EmptyStockListAnswersAndTouchesNoRecord) {
   EXPECT_EQ(DAL_Stock_RemoveName(Session, nullptr), 0);
   EXPECT_EQ(DAL_Stock_RemoveName(Session, u"Shelf"), 0);
   EXPECT_EQ(record.Copy(), std::vector<uint8_t>(156, 0xCD));
+}
+
+TEST_F(Dal, StockIsListedAddedChangedAndRemoved) {
+  Open();
+  GuardedBlock record(156);
+  EXPECT_EQ(DAL_Stock_Enumerate(Session, 0, record.Data(), 156), 156);
+  EXPECT_EQ(record.Copy()[0], 0);
+  EXPECT_EQ(record.Copy()[1], 1);  // 256
+  EXPECT_EQ(record.Copy()[4], 'U');
+  EXPECT_EQ(DAL_Stock_Add(Session, u"Shelf"), 1);
+  EXPECT_EQ(DAL_Stock_Enumerate(Session, 1, record.Data(), 156), 156);
+  EXPECT_EQ(record.Copy()[4], 'S');
+  record.Data()[132] = 99;  // the lowest byte of the width
+  record.Data()[133] = record.Data()[134] = record.Data()[135] = 0;
+
+  StockList* stock = &static_cast<DriverSession*>(Session)->GetStock();
+  ASSERT_EQ(stock->GetCount(), 2);
+  stock->GetAt(1)->Width = 50000;
+  stock->Normalize();  // narrow enough to be found
+  EXPECT_EQ(DAL_Stock_EnumerateUpdate(Session, record.Data()), 1);
+  GuardedBlock again(156);
+  EXPECT_EQ(DAL_Stock_EnumerateName(Session, u"Shelf", again.Data(), 156), 156);
+  EXPECT_EQ(again.Copy()[132], 99);
+  StockList stored;
+  stored.Load(Model());
+  EXPECT_STREQ(stored.GetAt(1)->Name.GetNarrow(), "Shelf");
+  EXPECT_EQ(stored.GetAt(1)->Width, 99);
+
+  EXPECT_EQ(DAL_Stock_RemoveName(Session, u"Shelf"), 1);
+  EXPECT_EQ(DAL_Stock_Remove(Session, 0), 1);
+  EXPECT_EQ(DAL_Stock_Enumerate(Session, 0, again.Data(), 156), -1);
+  stored.Load(Model());
+  EXPECT_EQ(stored.GetCount(), 1);  // the user form comes back
+}
+
+TEST_F(Dal, LoadReadsTheStockAnew) {
+  Open();
+  EXPECT_EQ(DAL_Stock_Add(Session, u"Shelf"), 1);
+  Store().Delete("Stock:", true);
+  GuardedBlock record(156);
+  EXPECT_EQ(DAL_Stock_Enumerate(Session, 1, record.Data(), 156), 156);
+  DAL_Settings_Load(Session);
+  EXPECT_EQ(DAL_Stock_Enumerate(Session, 1, record.Data(), 156), -1);
+}
+
+TEST_F(Dal, SaveWritesTheStockThatChanged) {
+  Open();
+  auto* session = static_cast<DriverSession*>(Session);
+  DAL_Settings_Save(Session);
+  EXPECT_FALSE(session->StockLoaded);
+  EXPECT_EQ(Store().ReadInt("Stock:Total", -1), -1);
+  session->GetStock().GetFirst()->Width = 1234;
+  DAL_Settings_Save(Session);
+  EXPECT_EQ(Store().ReadInt("Stock:Total", -1), 0);
+  StockList stored;
+  stored.Load(Model());
+  EXPECT_EQ(stored.GetFirst()->Width, 1234);
 }
 
 TEST_F(Dal, SaveWritesTheDevModeThatNewSessionsBeginWith) {

@@ -24,6 +24,17 @@ TEST(NameMap, HashIsCrc32OfNarrowTextWithItsTerminator) {
   EXPECT_EQ(NameMap::HashOf(u"Stock.Maximum.X"), NameMap::HashOf("Stock.Maximum.X"));
 }
 
+TEST(NameMap, HashIsTheSameForTextsOfEveryLength) {
+  std::string text;
+  for (size_t length = 0; length < 40; ++length) {
+    const uint32_t expected = static_cast<uint32_t>(
+        crc32(0, reinterpret_cast<const Bytef*>(text.c_str()), static_cast<uInt>(length + 1)));
+    EXPECT_EQ(NameMap::HashOf(text.c_str()), expected) << length;
+    EXPECT_EQ(NameMap::HashOf(text.data(), length), expected) << length;
+    text += static_cast<char>(0xFF - 7 * length);
+  }
+}
+
 TEST(NameMap, EmptyMapFindsNothing) {
   NameMap map;
   EXPECT_EQ(map.Find("a"), -1);
@@ -78,6 +89,17 @@ TEST(NameMap, OfEqualHashesTheNewestComesFirst) {
   EXPECT_STREQ(map.Names[3].GetNarrow(), "first");
   EXPECT_EQ(map.Find("first", 7), 3);
   EXPECT_EQ(map.Find("second", 7), 2);
+}
+
+TEST(NameMap, RoomMadeBeforehandHoldsNothing) {
+  NameMap map;
+  map.Set("a", Number(1));
+  map.Reserve(100);
+  EXPECT_EQ(map.Values.Count, 1);
+  map.Set("b", Number(2));
+  EXPECT_EQ(map.Values[map.Find("a")], Number(1));
+  EXPECT_EQ(map.Values[map.Find("b")], Number(2));
+  EXPECT_EQ(map.Names.Count, 2);
 }
 
 TEST(NameMap, SettingAKnownKeyReplacesItsPointerOnly) {

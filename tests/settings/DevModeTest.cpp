@@ -96,7 +96,7 @@ TEST_F(DevModeTest, FieldBehindDmSizeIsAbsent) {
   Block.Put(kSize, 2, 86);  // copies lie at 86
   Mode.SetCopies(7);
   EXPECT_EQ(1u, Block.Get(86, 2));
-  EXPECT_EQ(0, Mode.GetCopies());
+  EXPECT_EQ(1, Mode.GetCopies());
 }
 
 TEST_F(DevModeTest, CopyToStopsAtTheRoom) {

@@ -140,6 +140,18 @@ TEST_F(DevModeValidate, CopiesComeInto1ToTheLimit) {
   EXPECT_EQ(999u, settle(32767));
 }
 
+// Command texts that nobody ended would be read into their neighbours.
+TEST_F(DevModeValidate, CommandTextsEndInsideTheirSlots) {
+  Start();
+  constexpr int kTexts = 220 + 164;
+  for (int i = 0; i < 1020; ++i) Block.Put(kTexts + i, 1, 'x');
+  Validate();
+  for (int end : {255, 511, 767, 1018}) {
+    EXPECT_EQ(0u, Block.Get(kTexts + end, 1));
+    EXPECT_EQ(static_cast<uint32_t>('x'), Block.Get(kTexts + end - 1, 1));
+  }
+}
+
 TEST_F(DevModeValidate, ModelWithoutColorsPrintsInOne) {
   Start();
   Block.Put(92, 2, 2);

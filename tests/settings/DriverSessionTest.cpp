@@ -2,9 +2,9 @@
 
 #include <zlib.h>
 
-#include "platform/ModuleVersion.h"
 #include "platform/Spooler.h"
 #include "settings/AccessLevels.h"
+#include "settings/StockPapers.h"
 #include "tests/settings/SettingsFixture.h"
 
 namespace ostvt::test {
@@ -162,7 +162,8 @@ TEST_F(DriverSessionTest, BeginsWithValidatedModelDefaults) {
   expected.AllocateDefaults(Model());
   DevMode stored;
   stored.AllocateDefaults(Model());
-  expected.Merge(stored, Model());
+  StockPapers papers(Model());
+  expected.Merge(stored, Model(), &papers);
   EXPECT_EQ("", Difference(expected.GetBlock(), session.DevModeBuffer.GetBlock(), 1516));
 }
 
@@ -254,6 +255,34 @@ TEST_F(DriverSessionTest, InitialDevModeThatLiesAboutItsSizesIsAbsent) {
     EXPECT_EQ(256, SourceOf(session)) << offset;
     EXPECT_EQ(1516u, session.DevModeBuffer.GetSize()) << offset;
   }
+}
+
+// Nothing could be merged into such a record, so settings would be lost without a word for good.
+TEST_F(DriverSessionTest, InitialDevModeWithAForeignPrivatePartGetsADefaultOne) {
+  ForgetStoredFields();
+  std::vector<uint8_t> stored = InitialBlock(7);
+  std::fill(stored.begin() + 220, stored.end(), uint8_t{0xA5});
+  WriteInitial(stored);
+  DriverSession session;
+  session.Initialize(Handle, nullptr, 0);
+  EXPECT_EQ(7, SourceOf(session));
+  ASSERT_NE(nullptr, session.DevModeBuffer.GetOstrelSettings());
+  EXPECT_EQ(5, session.DevModeBuffer.GetOstrelSettings()->printSpeed);
+}
+
+TEST_F(DriverSessionTest, StoredNarrowFormIsValidatedOnThe16BitPath) {
+  PathFlags flags(false, false);
+  uint8_t narrow[kNarrowDevModeSize];
+  DevMode devMode;
+  devMode.AllocateDefaults(Model());
+  devMode.Set(&PublicDevMode::dmOrientation, int16_t{9});
+  devMode.WriteNarrow("x", narrow);
+  PrinterRegistry store = Store();
+  ASSERT_EQ(static_cast<int32_t>(sizeof narrow),
+            store.WriteBinary(kDefault, narrow, sizeof narrow));
+  DriverSession session;
+  session.Initialize(Handle, nullptr, 0);
+  EXPECT_EQ(1, session.DevModeBuffer.Get(&PublicDevMode::dmOrientation));
 }
 
 TEST_F(DriverSessionTest, SaveWritesTheWholeBlockOnTheSpoolerPath) {

@@ -26,7 +26,7 @@ struct ModelText {
       "Stock.Default.Y=6 in\n"
       "Stock.Minimum.X=0.5 in\n"
       "Stock.Minimum.Y=0.25 in\n"
-      "Stock.Maximum.X=4.09 in\n"
+      "Stock.Maximum.X=4.2 in\n"
       "Stock.Maximum.Y=20 in\n"
       "Resolution=203,300x150\n"
       "~TopOfForm.Maximum=10 mm\n";

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <string_view>
 
-
 namespace ostvt::platform {
 namespace {
 
