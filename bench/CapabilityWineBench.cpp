@@ -1,7 +1,8 @@
 // What a warm capability call costs beside the platform calls that it must make, each made once,
 // and what loading costs beside the system's own PostScript driver. Prints a table.
 //
-//   CapabilityWineBench MODULE PRINTER
+//   CapabilityWineBench MODULE PRINTER           the table
+//   CapabilityWineBench first MODULE PRINTER     one number: the first call of this process
 
 #include <windows.h>
 #include <winspool.h>
@@ -102,21 +103,21 @@ double FirstCall(const wchar_t* path, const wchar_t* printer) {
 }  // namespace
 
 int wmain(int count, wchar_t** arguments) {
+  if (count == 4 && std::wstring(arguments[1]) == L"first") {
+    std::printf("%.0f\n", FirstCall(arguments[2], arguments[3]));
+    return 0;
+  }
   if (count != 3) {
-    std::fprintf(stderr, "Usage: CapabilityWineBench MODULE PRINTER\n");
+    std::fprintf(stderr, "Usage: CapabilityWineBench [first] MODULE PRINTER\n");
     return 2;
   }
   const wchar_t* path = arguments[1];
   const wchar_t* printer = arguments[2];
+  // The driver was installed with the system's PostScript driver as its rendering half.
   wchar_t postScript[MAX_PATH];
-  GetSystemDirectoryW(postScript, MAX_PATH);
-  wcscat(postScript, L"\\wineps.drv");
-
-  // The spooler itself is started by the first call of all; that is nobody's cost here.
-  PlatformCalls(printer);
-  std::printf("%-44s %12.1f us\n", "first call, ours", FirstCall(path, printer));
-  std::printf("%-44s %12.1f us\n", "first call, system's PostScript driver",
-              FirstCall(postScript, printer));
+  wcscpy(postScript, path);
+  wchar_t* name = wcsrchr(postScript, L'\\');
+  wcscpy(name ? name + 1 : postScript, L"wineps.drv");
 
   HMODULE module = LoadLibraryW(path);
   if (!module) {

@@ -47,7 +47,8 @@ int WriteValue(KeyHandle key, const char16_t* name, const void* data, int size, 
 int ReadValue(KeyHandle key, const char16_t* name, void* buffer, int size, uint32_t* type);
 bool GetValueSize(KeyHandle key, const char16_t* name, int* size);
 // The name at `index`, in no particular order; false at the end. A name that does not fit
-// kNameUnits ends the enumeration.
+// kNameUnits ends the enumeration, and so does one that damage or another program left and that
+// leads to no key or value: a key's empty name, one that holds a NUL.
 bool EnumerateKey(KeyHandle key, int index, char16_t (&name)[kNameUnits]);
 bool EnumerateValue(KeyHandle key, int index, char16_t (&name)[kNameUnits]);
 // Counts may be null. False if the key does not exist (any more).
@@ -59,7 +60,9 @@ bool DeleteValue(KeyHandle key, const char16_t* name);
 
 // Takes calls of one thread on one hive together for as long as it lives. Others that hold one for
 // writing, in any process, wait until it is gone. One inside another of the same hive is part of
-// that one. Not for long: on Linux it keeps every other thread of the process off the store.
+// that one. Not for long: on Linux it keeps every other thread of the process off the store. A fork
+// inside one undoes it: its Commit fails, and the calls behind it stand for themselves. On Windows
+// a process that is refused the lock (a sandboxed one) goes without: it keeps nobody out.
 class KeyStoreTransaction {
  public:
   enum class Purpose {

@@ -77,8 +77,10 @@ struct NewPrinter {
   std::u16string ShareName;
 };
 // Adds a printer to the list. The driver must be known to the spooler. False if it is not, if the
-// name is empty or has more than 220 units, or if there is such a printer already.
+// name is empty or has more than 220 units, or if there is such a printer already. On Linux
+// whatever lies at the printer's place without being a printer is removed.
 bool AddPrinter(const NewPrinter& printer);
+// On Linux the printer goes with all that lies below it, or stays as it was.
 bool DeletePrinter(const char16_t* name);
 // Makes a driver known (or changes its record). False on an empty name or path.
 bool AddDriver(const DriverRecord& driver);

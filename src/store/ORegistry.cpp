@@ -1,6 +1,5 @@
 #include "store/ORegistry.h"
 
-#include <cstring>
 #include <string>
 
 #include "store/RegistryPath.h"
@@ -23,11 +22,23 @@ class ScopedKey {
   platform::KeyHandle Key;
 };
 
-// The number of the hive in front of the colon; any other number is none.
-int HiveNumber(const OString& path, int colon) {
+// The hive of a canonical path, by the number in front of the colon, and where that colon stands.
+bool ParseHive(const OString& path, platform::Hive* hive, int* colon) {
   const char16_t* text = path.GetWide();
-  if (colon == 1 && text[0] >= u'0' && text[0] <= u'9') return text[0] - u'0';
-  return path.Left(colon).ToInt();
+  int end = 0;
+  while (text[end] && text[end] != u':') ++end;
+  if (end == 0 || !text[end]) return false;
+  const bool isDigit = end == 1 && text[0] >= u'0' && text[0] <= u'9';
+  const int number = isDigit ? text[0] - u'0' : path.Left(end).ToInt();
+  if (number < 0 || number > 3) return false;
+  *hive = static_cast<platform::Hive>(number);
+  *colon = end;
+  return true;
+}
+
+OString Child(const OString& key, const OString& name) {
+  const bool isRoot = key.GetWide()[key.Length() - 1] == u':';
+  return key + (isRoot ? "" : "/") + ORegistry::Escape(name);
 }
 
 }  // namespace
@@ -35,13 +46,10 @@ int HiveNumber(const OString& path, int colon) {
 ORegistry::~ORegistry() = default;
 
 platform::KeyHandle ORegistry::OpenKey(const OString& canonicalPath, bool create) const {
-  const char16_t* path = canonicalPath.GetWide();
-  int colon = 0;
-  while (path[colon] && path[colon] != u':') ++colon;
-  if (colon == 0 || !path[colon]) return nullptr;
-  int hive = HiveNumber(canonicalPath, colon);
-  if (hive < 0 || hive > 3) return nullptr;
-  std::u16string subKey = path + colon + 1;
+  platform::Hive root;
+  int colon;
+  if (!ParseHive(canonicalPath, &root, &colon)) return nullptr;
+  std::u16string subKey = canonicalPath.GetWide() + colon + 1;
   bool escaped = false;
   for (char16_t& unit : subKey) {
     if (unit == u'/') unit = u'\\';
@@ -54,10 +62,11 @@ platform::KeyHandle ORegistry::OpenKey(const OString& canonicalPath, bool create
     subKey = Unescape(text).GetWide();
   }
   while (!subKey.empty() && subKey.back() == u'\\') subKey.pop_back();
-  platform::Hive root = static_cast<platform::Hive>(hive);
   return create ? platform::OpenKey(root, subKey.c_str(), true)
                 : platform::OpenKeyUnchecked(root, subKey.c_str());
 }
+
+OString ORegistry::RouteKey(const OString& canonicalPath) const { return canonicalPath; }
 
 int32_t ORegistry::ReadValue(const OString& path, void* buffer, int32_t size, uint32_t) const {
   OString key = Root;
@@ -112,9 +121,17 @@ int32_t ORegistry::WriteValue(const OString& path, const void* data, int32_t siz
     ScopedKey opened(OpenKey(key, false));
     int32_t written = platform::WriteValue(opened.Get(), name.GetWide(), data, size, type);
     if (written >= 0) return written;
+    // Where the key is there, another try would fail alike.
+    if (platform::QueryKey(opened.Get(), nullptr, nullptr)) return -1;
   }
+  platform::Hive hive;
+  int colon;
+  if (!ParseHive(RouteKey(key), &hive, &colon)) return -1;
+  // The key comes together with its value or not at all.
+  platform::KeyStoreTransaction together(hive, platform::KeyStoreTransaction::Purpose::kWrite);
   ScopedKey opened(OpenKey(key, true));
-  return platform::WriteValue(opened.Get(), name.GetWide(), data, size, type);
+  int32_t written = platform::WriteValue(opened.Get(), name.GetWide(), data, size, type);
+  return written >= 0 && together.IsOpen() && !together.Commit() ? -1 : written;
 }
 
 bool ORegistry::WriteDword(const OString& path, uint32_t value) {
@@ -224,8 +241,11 @@ bool ORegistry::KeyExists(const OString& key) const {
 
 bool ORegistry::DeleteKey(OString key, bool recursive) {
   key.TrimRight("/");
-  int split = LastSeparator(key);
-  OString name = Unescape(key.Mid(split + 1));
+  // The key that is enumerated is the one that goes: the key above may lie on another route.
+  OString place = RouteKey(key);
+  place.TrimRight("/");
+  int split = LastSeparator(place);
+  OString name = Unescape(place.Mid(split + 1));
   name.TrimRight("\\");
   // The root of a hive stays, with all that it holds.
   if (split < 0 || name.IsEmpty()) return false;
@@ -233,11 +253,12 @@ bool ORegistry::DeleteKey(OString key, bool recursive) {
     OStringArray children;
     ListNames(key, platform::EnumerateKey, &children);
     for (int32_t i = 0; i < children.Count; ++i) {
-      DeleteKey(key + "/" + Escape(children[i]), true);
+      // A name that leads nowhere would be the key itself once more.
+      if (!children[i].IsEmpty()) DeleteKey(Child(key, children[i]), true);
     }
   }
-  bool isColon = key.GetWide()[split] == u':';
-  ScopedKey parent(OpenKey(key.Left(isColon ? split + 1 : split), false));
+  bool isColon = place.GetWide()[split] == u':';
+  ScopedKey parent(ORegistry::OpenKey(place.Left(isColon ? split + 1 : split), false));
   return platform::DeleteKey(parent.Get(), name.GetWide());
 }
 
@@ -263,7 +284,9 @@ bool ORegistry::DeleteMatching(const OString& pattern) {
   FindKeys(pattern, &keys);
   OStringArray values;
   FindValues(pattern, &values);
-  for (int32_t i = 0; i < keys.Count; ++i) DeleteKey(key + "/" + Escape(keys[i]), true);
+  for (int32_t i = 0; i < keys.Count; ++i) {
+    if (!keys[i].IsEmpty()) DeleteKey(Child(key, keys[i]), true);
+  }
   for (int32_t i = 0; i < values.Count; ++i) DeleteValue(key, values[i]);
   return true;
 }

@@ -27,9 +27,12 @@ class ORegistry {
   // Rewrites a key path in place to the canonical form: a hive number, then escaped elements.
   virtual void ResolvePath(OString* path) const;
   // Null on failure; the caller closes it with platform::CloseKey. Without rights to write, the key
-  // is opened for reading; a write to it then fails. `create` makes missing keys; without it, that
-  // the key is missing may come out only in the first operation on the handle.
+  // is opened for reading; a write to it then fails. `create` makes missing keys. Without it, a
+  // handle is no proof that the key exists: each operation on it fails if it doesn't (QueryKey
+  // tells).
   virtual platform::KeyHandle OpenKey(const OString& canonicalPath, bool create) const;
+  // The canonical path under which the store has what OpenKey opens for `canonicalPath`.
+  virtual OString RouteKey(const OString& canonicalPath) const;
 
   // None of these touches the store.
   static OString Escape(const OString& name);

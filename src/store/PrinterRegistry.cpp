@@ -7,11 +7,6 @@
 namespace ostvt {
 namespace {
 
-struct Alias {
-  const char* Name;
-  const char* Target;
-};
-
 // In the order in which they are tried: the earlier ones lead to the later.
 constexpr Alias kAliases[] = {
     {"STOCK:", "LOCAL:Paper Sizes"},
@@ -58,12 +53,21 @@ const char* DriverInfoTarget() {
                           : "PRINT:Environments/Windows NT x86/Drivers/Version-2/[MODEL]";
 }
 
-// In section headers, `search` at the place of the key becomes `replacement`. An alias that is
-// spelt out gets the separator that the display form has behind a key.
-void ReplaceInHeaders(const OString& search, const OString& replacement, bool separate,
+bool EndsKey(char16_t unit) { return unit == u'\\' || unit == u']'; }
+
+// What stands between a key that is replaced and the rest of its header.
+enum class Behind {
+  kAnything,
+  kEndOfKey,    // only where the key ends there: "A" is not replaced in "[AB]"
+  kPutEndOfKey  // gets the separator that the display form has behind a key
+};
+
+// In section headers, `search` at the place of the key becomes `replacement`. An empty text, which
+// stands for no key, is neither looked for nor put.
+void ReplaceInHeaders(const OString& search, const OString& replacement, Behind behind,
                       OStringArray* lines) {
   int length = search.Length();
-  if (length == 0) return;
+  if (length == 0 || replacement.IsEmpty()) return;
   for (int32_t i = 0; i < lines->Count; ++i) {
     OString& line = (*lines)[i];
     if (line.GetWide()[0] != u'[') continue;
@@ -71,9 +75,10 @@ void ReplaceInHeaders(const OString& search, const OString& replacement, bool se
     for (int offset = 1; offset <= 2; ++offset) {
       if (line.Mid(offset, length).CompareNoCase(search) != 0) continue;
       OString rest = line.Mid(offset + length);
+      bool ends = EndsKey(rest.GetWide()[0]);
+      if (behind == Behind::kEndOfKey && !ends) continue;
       line = line.Left(offset) + replacement;
-      char16_t next = rest.GetWide()[0];
-      if (separate && next != u'\\' && next != u']') line += '\\';
+      if (behind == Behind::kPutEndOfKey && !ends) line += '\\';
       line += rest;
     }
   }
@@ -136,7 +141,11 @@ platform::Hive PrinterRegistry::GetDataHive() const {
 }
 
 platform::KeyHandle PrinterRegistry::OpenKey(const OString& canonicalPath, bool create) const {
-  if (!IsShadowed) return ORegistry::OpenKey(canonicalPath, create);
+  return ORegistry::OpenKey(IsShadowed ? RouteKey(canonicalPath) : canonicalPath, create);
+}
+
+OString PrinterRegistry::RouteKey(const OString& canonicalPath) const {
+  if (!IsShadowed) return canonicalPath;
   for (const ShadowHead& shadow : kShadowHeads) {
     if (!StartsWithNoCase(canonicalPath, shadow.Head)) continue;
     OString path = GetDataHive() == platform::Hive::kCurrentUser ? "1:SOFTWARE/Vantrel/Drivers/"
@@ -144,9 +153,9 @@ platform::KeyHandle PrinterRegistry::OpenKey(const OString& canonicalPath, bool 
     if (IsRemote) path += OString("@") + Escape(ServerName) + "/";
     path += shadow.Name;
     path += canonicalPath.Mid(shadow.Units);
-    return ORegistry::OpenKey(path, create);
+    return path;
   }
-  return ORegistry::OpenKey(canonicalPath, create);
+  return canonicalPath;
 }
 
 bool PrinterRegistry::IsBidiEnabled() const {
@@ -168,12 +177,16 @@ void PrinterRegistry::ListBranchRoots(OStringArray* array) const {
 }
 
 void PrinterRegistry::ExpandAliasInLines(const OString& alias, OStringArray* lines) const {
-  bool separate = !alias.IsEmpty() && alias.GetWide()[alias.Length() - 1] == u':';
-  ReplaceInHeaders(alias, ToFullPath(alias), separate, lines);
+  bool isWhole = !alias.IsEmpty() && alias.GetWide()[alias.Length() - 1] == u':';
+  ReplaceInHeaders(alias, ToFullPath(alias), isWhole ? Behind::kPutEndOfKey : Behind::kAnything,
+                   lines);
 }
 
 void PrinterRegistry::CollapseAliasInLines(const OString& alias, OStringArray* lines) const {
-  ReplaceInHeaders(ToFullPath(alias), alias, false, lines);
+  // The full path of a hive brings the separator along.
+  OString full = ToFullPath(alias);
+  bool isHive = full.Length() > 0 && full.GetWide()[full.Length() - 1] == u'\\';
+  ReplaceInHeaders(full, alias, isHive ? Behind::kAnything : Behind::kEndOfKey, lines);
 }
 
 }  // namespace ostvt

@@ -24,6 +24,7 @@ class PrinterRegistry : public ORegistry {
   ~PrinterRegistry() override;
   void ResolvePath(OString* path) const override;
   platform::KeyHandle OpenKey(const OString& canonicalPath, bool create) const override;
+  OString RouteKey(const OString& canonicalPath) const override;
 
   bool IsBidiEnabled() const;
   // The hive that the paths below "DATA:" and "LOCAL:" lead to.

@@ -10,11 +10,6 @@
 namespace ostvt {
 namespace {
 
-struct Alias {
-  const char* Name;
-  const char* Target;
-};
-
 // In the order in which they are tried.
 constexpr Alias kAliases[] = {
     {"CLASSES_ROOT:", "0:"},

@@ -1,4 +1,4 @@
-// Tests on the text of a path that cost no allocation, for code that runs at each access.
+// Operations on the text of a path that run at each access to the store.
 #pragma once
 
 #include "core/OString.h"
@@ -10,7 +10,13 @@ bool StartsWithNoCase(const OString& text, const char* prefix);
 // The last "/" or ":", or -1.
 int LastSeparator(const OString& path);
 
-// SubstitutePrefix for an alias that ends in ":" and a target that is not empty.
+struct Alias {
+  const char* Name;
+  const char* Target;
+};
+
+// ORegistry::SubstitutePrefix for an ASCII alias that ends in ":" and a target that is not empty. A
+// path of another head, which is nearly every one, costs no allocation.
 void SubstituteAlias(OString* path, const char* alias, const char* target);
 
 }  // namespace ostvt

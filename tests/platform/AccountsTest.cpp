@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <string>
 #include <vector>
 
 #ifdef _WIN32
@@ -11,8 +13,9 @@
 #else
 #include <grp.h>
 #include <stdlib.h>
-#include <sys/wait.h>
 #include <unistd.h>
+
+#include "platform/linux/AccountGroups.h"
 #endif
 
 namespace ostvt::platform {
@@ -79,19 +82,7 @@ class Accounts : public ::testing::Test {
   void TearDown() override { unsetenv("OSTVT_USER_LEVEL"); }
 };
 
-// The level of user `id` in group `group` and no other, asked in a process of its own.
-int LevelOf(uid_t id, gid_t group) {
-  pid_t child = fork();
-  if (child == 0) {
-    bool changed = setgroups(1, &group) == 0 && setgid(group) == 0 && setuid(id) == 0;
-    _exit(changed ? UserLevel() : 99);
-  }
-  int status = 0;
-  waitpid(child, &status, 0);
-  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
-
-constexpr uid_t kNobody = 65534;
+constexpr uid_t kSomebody = 12345;
 
 TEST_F(Accounts, EnvironmentTakesThePlaceOfTheLevel) {
   for (int level = 0; level <= 3; level++) {
@@ -110,22 +101,35 @@ TEST_F(Accounts, EnvironmentThatIsNoLevelIsIgnored) {
 }
 
 TEST_F(Accounts, RootIsAdministrator) {
-  if (geteuid() != 0) GTEST_SKIP() << "not root";
-  EXPECT_EQ(kLevelAdministrator, UserLevel());
+  EXPECT_EQ(kLevelAdministrator, LevelByGroup(0, "no such group"));
 }
 
 TEST_F(Accounts, OthersAreUsers) {
-  if (geteuid() != 0) {
-    EXPECT_GE(UserLevel(), kLevelUser);
-    return;
-  }
-  EXPECT_EQ(kLevelUser, LevelOf(kNobody, kNobody));
+  EXPECT_EQ(kLevelUser, LevelByGroup(kSomebody, "no such group"));
 }
 
-TEST_F(Accounts, PrinterAdministratorsAreAdministrators) {
-  const group* administrators = getgrnam(kPrinterAdministrators);
-  if (geteuid() != 0 || !administrators) GTEST_SKIP() << "no such group here, or not root";
-  EXPECT_EQ(kLevelAdministrator, LevelOf(kNobody, administrators->gr_gid));
+TEST_F(Accounts, MembersOfTheGroupAreAdministrators) {
+  const group* own = getgrgid(getegid());
+  ASSERT_NE(nullptr, own);
+  EXPECT_EQ(kLevelAdministrator, LevelByGroup(kSomebody, own->gr_name));
+}
+
+TEST_F(Accounts, MembersOfOtherGroupsAreUsers) {
+  std::vector<gid_t> mine(static_cast<size_t>(getgroups(0, nullptr)));
+  getgroups(static_cast<int>(mine.size()), mine.data());
+  mine.push_back(getegid());
+  std::string foreign;
+  setgrent();
+  while (const group* entry = getgrent()) {
+    if (std::find(mine.begin(), mine.end(), entry->gr_gid) == mine.end()) foreign = entry->gr_name;
+  }
+  endgrent();
+  ASSERT_NE("", foreign);
+  EXPECT_EQ(kLevelUser, LevelByGroup(kSomebody, foreign.c_str()));
+}
+
+TEST_F(Accounts, LevelIsThatOfTheProcess) {
+  EXPECT_EQ(LevelByGroup(geteuid(), kPrinterAdministrators), UserLevel());
 }
 
 #endif

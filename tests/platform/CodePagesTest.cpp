@@ -50,10 +50,7 @@ class CodePage : public ::testing::TestWithParam<Sample> {
   bool IsMissing() const { return GetParam().CodePage == 858 && !IsValidCodePage(858); }
 };
 
-TEST_P(CodePage, IsValid) {
-  if (IsMissing()) GTEST_SKIP() << "not on this system";
-  EXPECT_TRUE(IsValidCodePage(GetParam().CodePage));
-}
+TEST_P(CodePage, IsValid) { EXPECT_EQ(!IsMissing(), IsValidCodePage(GetParam().CodePage)); }
 
 TEST_P(CodePage, DecodesItsOwnLetters) {
   EXPECT_EQ(IsMissing() ? u"<failed>" : GetParam().Text,
@@ -66,13 +63,12 @@ TEST_P(CodePage, EncodesItsOwnLetters) {
 }
 
 TEST_P(CodePage, HoldsAsciiAtItsPlace) {
-  if (IsMissing()) GTEST_SKIP() << "not on this system";
   // Ahead of a letter of the page and behind it, with the two signs that national tables replace.
   std::string bytes = "A\\~z";
   std::u16string text = u"A\\~z";
-  EXPECT_EQ(text + GetParam().Text + text,
+  EXPECT_EQ(IsMissing() ? u"<failed>" : text + GetParam().Text + text,
             Wide(GetParam().CodePage, (bytes + GetParam().Bytes + bytes).c_str()));
-  EXPECT_EQ(bytes + GetParam().Bytes + bytes,
+  EXPECT_EQ(IsMissing() ? "<failed>" : bytes + GetParam().Bytes + bytes,
             Narrow(GetParam().CodePage, (text + GetParam().Text + text).c_str()));
 }
 
@@ -133,11 +129,11 @@ constexpr Sample kSamples[] = {
 INSTANTIATE_TEST_SUITE_P(Every, CodePage, ::testing::ValuesIn(kSamples),
                          [](const auto& sample) { return std::to_string(sample.param.CodePage); });
 
-TEST(CodePages, Page54936HoldsAllOfUnicode) {
-  if (!IsValidCodePage(54936)) GTEST_SKIP() << "not on this system";
+TEST(CodePages, Page54936HoldsAllOfUnicodeOrIsRefused) {
+  const bool isHere = IsValidCodePage(54936);
   const char* bytes = "\xD6\xD0\x81\x30\x86\x30\x94\x39\xFC\x36";
-  EXPECT_EQ(u"\u4E2D\u00B8\U0001F600", Wide(54936, bytes));
-  EXPECT_EQ(bytes, Narrow(54936, u"\u4E2D\u00B8\U0001F600"));
+  EXPECT_EQ(isHere ? u"\u4E2D\u00B8\U0001F600" : u"<failed>", Wide(54936, bytes));
+  EXPECT_EQ(isHere ? bytes : "<failed>", Narrow(54936, u"\u4E2D\u00B8\U0001F600"));
 }
 
 TEST(CodePages, Utf7IsValidAndKeepsText) {

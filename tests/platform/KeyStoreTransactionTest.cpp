@@ -208,6 +208,27 @@ TEST_F(KeyStoreTransactionTest, ProcessKilledInsideLeavesTheOldState) {
   close(ready[1]);
 }
 
+TEST_F(KeyStoreTransactionTest, ForkInsideUndoesIt) {
+  Write(u"A", 1);
+  {
+    KeyStoreTransaction transaction(kHive, Purpose::kWrite);
+    Write(u"A", 2);
+    const pid_t child = fork();
+    if (child == 0) {
+      if (Read(u"A") != 1) _exit(1);
+      if (Write(u"B", 3) != 1) _exit(2);
+      _exit(transaction.Commit() ? 3 : 0);
+    }
+    int status = -1;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(0, status);
+    EXPECT_FALSE(transaction.Commit());
+    EXPECT_EQ(1, Read(u"A"));
+  }
+  EXPECT_EQ(3, Read(u"B"));
+  EXPECT_EQ(1, Write(u"A", 4));
+}
+
 TEST_F(KeyStoreTransactionTest, ReaderSeesOneStateWhateverOthersWrite) {
   Write(u"A", 1);
   Write(u"B", 1);

@@ -3,12 +3,15 @@
 #ifdef __linux__
 
 #include <gtest/gtest.h>
+#include <pwd.h>
 #include <signal.h>
 #include <sqlite3.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <chrono>
+#include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <random>
@@ -16,6 +19,7 @@
 #include <thread>
 
 #include "platform/KeyStore.h"
+#include "platform/linux/SqliteHive.h"
 #include "tests/support/TestStore.h"
 
 namespace ostvt::platform {
@@ -319,6 +323,21 @@ TEST_F(DamagedKeyStore, DatabaseOfAnotherVersionReadsAsEmptyAndTakesNoWrites) {
   ExpectNothingThere();
 }
 
+TEST_F(DamagedKeyStore, NewerAndForeignDatabasesStayByteForByte) {
+  for (const char* text : {"CREATE TABLE keys(a); PRAGMA user_version=2;",
+                           "CREATE TABLE other(a); INSERT INTO other VALUES(1);"}) {
+    std::filesystem::remove(FilePath());
+    Sql(text);
+    const std::string before = Store.Files().Get(kFile);
+    ASSERT_GT(before.size(), 100u);
+    Reconnect();
+    ExpectNothingThere();
+    Disconnect();
+    EXPECT_TRUE(before == Store.Files().Get(kFile)) << text;
+    EXPECT_FALSE(std::filesystem::exists(FilePath() + "-wal")) << text;
+  }
+}
+
 TEST_F(DamagedKeyStore, DirectoryInPlaceOfTheFileReadsAsEmptyAndTakesNoWrites) {
   std::filesystem::create_directory(FilePath());
   ExpectNothingThere();
@@ -367,12 +386,130 @@ TEST_F(DamagedKeyStore, RandomlyDamagedFileNeverCrashes) {
     Reconnect();
     KeyHandle root = OpenKey(Hive::kCurrentUser, u"", false);
     char16_t name[kNameUnits];
-    for (int i = 0; i < 250 && EnumerateKey(root, i, name); ++i) ReadText(name, u"V");
+    int count = 0;
+    while (count < 1000 && EnumerateKey(root, count, name)) {
+      ReadText(name, u"V");
+      ++count;
+    }
+    EXPECT_LE(count, 200);
     WriteText(u"Key50", u"V", "new");
     DeleteKey(root, u"Key51");
     CloseKey(root);
     Disconnect();
   }
+}
+
+// The text as SQL writes a blob of its units.
+std::string Blob(const std::u16string& text) {
+  std::string hex = "x'";
+  for (char16_t unit : text) {
+    char digits[5];
+    snprintf(digits, sizeof(digits), "%02X%02X", unit & 0xFF, unit >> 8);
+    hex += digits;
+  }
+  return hex + "'";
+}
+
+class HostileRows : public SqliteKeyStore {
+ protected:
+  HostileRows() { WriteText(u"A", u"A", "1"); }
+  // The names that an enumeration gives, at most ten.
+  static int Count(const char16_t* path,
+                   bool (*next)(KeyHandle, int, char16_t (&name)[kNameUnits])) {
+    KeyHandle key = OpenKey(Hive::kCurrentUser, path, false);
+    char16_t name[kNameUnits];
+    int count = 0;
+    while (count < 10 && next(key, count, name)) ++count;
+    CloseKey(key);
+    return count;
+  }
+  // How many keys the root gives beside "A" when it has this row.
+  int CountKeysWith(const std::string& path, const std::string& name) const {
+    EXPECT_EQ("", Sql("DELETE FROM keys WHERE path>x'4100'"));
+    EXPECT_EQ("", Sql("INSERT INTO keys VALUES(" + path + ",x''," + name + ")"));
+    return Count(u"", EnumerateKey) - 1;
+  }
+  int CountValuesWith(const std::string& name, const std::string& display) const {
+    EXPECT_EQ("", Sql("DELETE FROM vals WHERE name>x'4100'"));
+    EXPECT_EQ("", Sql("INSERT INTO vals VALUES(x'4100'," + name + "," + display + ",3,x'')"));
+    return Count(u"A", EnumerateValue) - 1;
+  }
+};
+
+TEST_F(HostileRows, KeyRowThatLeadsToNoKeyEndsTheEnumeration) {
+  EXPECT_EQ(1, CountKeysWith(Blob(u"B"), Blob(u"b")));  // as it should be
+  EXPECT_EQ(0, CountKeysWith("x'410042'", Blob(u"A")));
+  EXPECT_EQ(0, CountKeysWith("x'420043'", "x'420043'"));
+  EXPECT_EQ(0, CountKeysWith(Blob(u"B"), "x''"));
+  EXPECT_EQ(0, CountKeysWith(Blob(u"\\"), "x''"));
+  EXPECT_EQ(0, CountKeysWith(Blob(std::u16string(u"B\0C", 3)), Blob(std::u16string(u"B\0C", 3))));
+  EXPECT_EQ(0, CountKeysWith(Blob(std::u16string(u"B\0", 2)), Blob(std::u16string(u"B\0", 2))));
+  EXPECT_EQ(0, CountKeysWith(Blob(u"C"), Blob(u"A")));
+  EXPECT_EQ(0, CountKeysWith(Blob(u"B\\C"), Blob(u"B\\C")));
+  const std::u16string overlong(261, u'B');
+  EXPECT_EQ(0, CountKeysWith(Blob(overlong), Blob(overlong)));
+  EXPECT_EQ(0, CountKeysWith("'text'", "'text'"));
+}
+
+TEST_F(HostileRows, ValueRowThatLeadsToNoValueEndsTheEnumeration) {
+  EXPECT_EQ(1, CountValuesWith(Blob(u"B"), Blob(u"b")));  // as it should be
+  EXPECT_EQ(0, CountValuesWith("x'410042'", Blob(u"A")));
+  EXPECT_EQ(0, CountValuesWith(Blob(u"B"), Blob(u"A")));
+  EXPECT_EQ(0, CountValuesWith(Blob(std::u16string(u"B\0C", 3)), Blob(std::u16string(u"B\0C", 3))));
+}
+
+TEST_F(HostileRows, ValueThatIsNoBlobIsAbsent) {
+  for (const char* data : {"'text'", "12345", "1.5"}) {
+    EXPECT_EQ("", Sql(std::string("INSERT OR REPLACE INTO vals VALUES(x'4100',x'4200',x'4200',3,") +
+                      data + ")"));
+    EXPECT_EQ("(none)", ReadText(u"A", u"B"));
+    KeyHandle key = OpenKey(Hive::kCurrentUser, u"A", false);
+    int size = 77;
+    EXPECT_FALSE(GetValueSize(key, u"B", &size));
+    EXPECT_EQ(77, size);
+    CloseKey(key);
+  }
+}
+
+TEST_F(SqliteKeyStore, DeletingAnAbsentValueWaitsForNobody) {
+  WriteText(u"A", u"V", "x");
+  sqlite3* other = nullptr;
+  ASSERT_EQ(SQLITE_OK, sqlite3_open(FilePath().c_str(), &other));
+  ASSERT_EQ(SQLITE_OK, sqlite3_exec(other, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr));
+  KeyHandle key = OpenKey(Hive::kCurrentUser, u"A", false);
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_FALSE(DeleteValue(key, u"W"));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+  CloseKey(key);
+  sqlite3_close(other);
+}
+
+TEST_F(SqliteKeyStore, FileMadeByAnotherProcessIsSeenAtOnce) {
+  EXPECT_EQ("(none)", ReadText(u"A", u"V"));
+  EXPECT_EQ(0, Wait(Fork([] { WriteText(u"A", u"V", "x"); })));
+  EXPECT_EQ("x", ReadText(u"A", u"V"));
+}
+
+TEST_F(SqliteKeyStore, RootTakesValuesBeforeThereIsAFile) {
+  EXPECT_EQ(1, WriteText(u"", u"V", "x"));
+  KeyHandle root = OpenKey(Hive::kUsers, u"", false);
+  EXPECT_EQ(1, WriteValue(root, u"V", "y", 1, kValueBinary));
+  CloseKey(root);
+}
+
+TEST_F(SqliteKeyStore, ProcessWithoutHomeTakesTheSystemsWord) {
+  const passwd* user = getpwuid(geteuid());
+  ASSERT_NE(nullptr, user);
+  const std::string home = user->pw_dir;
+  EXPECT_EQ(0, Wait(Fork([&] {
+              unsetenv("OSTVT_STORE_DIR");
+              unsetenv("XDG_DATA_HOME");
+              unsetenv("HOME");
+              if (StoreDirectory(Hive::kCurrentUser) != home + "/.local/share/ostvt") _exit(1);
+              setenv("HOME", "/some/home", 1);
+              if (StoreDirectory(Hive::kCurrentUser) != "/some/home/.local/share/ostvt") _exit(2);
+              if (StoreDirectory(Hive::kLocalMachine) != "/var/lib/ostvt") _exit(3);
+            })));
 }
 
 TEST_F(SqliteKeyStore, OverlongStoredNameEndsTheEnumeration) {

@@ -8,6 +8,10 @@
 #include "tests/store/StoreText.h"
 #include "tests/support/TestStore.h"
 
+#ifndef _WIN32
+#include <sqlite3.h>
+#endif
+
 namespace ostvt {
 namespace {
 
@@ -206,6 +210,65 @@ TEST_F(ORegistryStore, BinaryGivesTheStoredSize) {
   EXPECT_EQ(0, memcmp(bytes, "12345", 5));
   EXPECT_EQ(-1, Registry.ReadBinary(At("W"), bytes, 16));
 }
+
+class CountingRegistry : public ORegistry {
+ public:
+  platform::KeyHandle OpenKey(const OString& path, bool create) const override {
+    if (create) ++Created;
+    return ORegistry::OpenKey(path, create);
+  }
+  mutable int Created = 0;
+};
+
+TEST_F(ORegistryStore, KeyIsMadeOnlyWhereItIsMissing) {
+  CountingRegistry registry;
+  EXPECT_TRUE(registry.WriteByte(At("A/V"), 1));
+  EXPECT_EQ(1, registry.Created);
+  EXPECT_TRUE(registry.WriteByte(At("A/V"), 2));
+  // No value takes a size without data.
+  EXPECT_EQ(-1, registry.WriteBinary(At("A/V"), nullptr, 5));
+  EXPECT_EQ(1, registry.Created);
+  EXPECT_EQ(2, registry.ReadByte(At("A/V"), 0));
+}
+
+#ifndef _WIN32
+
+TEST_F(ORegistryStore, WriteThatFailsLeavesNoKeyBehind) {
+  EXPECT_EQ(-1, Registry.WriteBinary(At("Made/For/V"), nullptr, 5));
+  EXPECT_FALSE(Registry.GetKeyInfo(At("Made"), nullptr, nullptr));
+  EXPECT_EQ(5, Registry.WriteBinary(At("Made/For/V"), "12345", 5));
+}
+
+TEST_F(ORegistryStore, RootsOfAllHivesStayWithAllThatTheyHold) {
+  for (const char* root : {"0:", "1:", "2:", "3:"}) {
+    EXPECT_TRUE(Registry.WriteByte(OString(root) + "V", 1));
+    EXPECT_TRUE(Registry.WriteByte(OString(root) + "Key/V", 2));
+    EXPECT_FALSE(Registry.Delete(root, true)) << root;
+    EXPECT_FALSE(Registry.Delete(OString(root) + "/", true)) << root;
+    EXPECT_EQ(1, Registry.ReadByte(OString(root) + "V", 0)) << root;
+    EXPECT_EQ(2, Registry.ReadByte(OString(root) + "Key/V", 0)) << root;
+  }
+}
+
+// Rows that only damage can bring: a child without a name, and one whose name is another's.
+TEST_F(ORegistryStore, RecursiveDeleteEndsOnHostileRows) {
+  MakeKey("A");
+  MakeKey("B");
+  sqlite3* database = nullptr;
+  ASSERT_EQ(SQLITE_OK, sqlite3_open(Store.Files().Path("current_user.db").c_str(), &database));
+  for (const char* text :
+       {"INSERT INTO keys SELECT path||x'5C00', path, x'' FROM keys WHERE name=x'4100'",
+        "INSERT INTO keys SELECT path||x'FF', path, name FROM keys WHERE name=x'4100'"}) {
+    EXPECT_EQ(SQLITE_OK, sqlite3_exec(database, text, nullptr, nullptr, nullptr));
+  }
+  sqlite3_close(database);
+  EXPECT_FALSE(Registry.Delete(At("A"), true));
+  EXPECT_TRUE(Registry.DeleteMatching(At("A*")));
+  EXPECT_EQ("A,B", Keys(kBase));
+  EXPECT_TRUE(Registry.Delete(At("B"), true));
+}
+
+#endif
 
 TEST_F(ORegistryStore, WriteMakesTheKeysOnTheWay) {
   EXPECT_TRUE(Registry.WriteByte(At("A/B/V"), 1));
@@ -465,12 +528,20 @@ TEST_F(ORegistryStore, RootOfAHiveIsNeverDeleted) {
 
 TEST_F(ORegistryStore, DeleteMatchingTakesKeysAndValues) {
   MakeKey("Sx/Sub");
-  MakeKey("sx");
+  MakeKey("sz");
   Registry.WriteByte(At("Sy"), 1);
   Registry.WriteByte(At("Sx"), 1);
   Registry.WriteByte(At("T"), 1);
   EXPECT_TRUE(Registry.DeleteMatching(At("S*")));
   EXPECT_EQ("T", Values(kBase));
+  EXPECT_EQ("sz", Keys(kBase));  // case counts
+}
+
+// "1:" needs no "/" behind it.
+TEST_F(ORegistryStore, DeleteMatchingBelowARootTakesWholeBranches) {
+  EXPECT_TRUE(Registry.WriteByte("1:Tests-Store-Root/Sub/Deep/V", 1));
+  EXPECT_TRUE(Registry.DeleteMatching("1:Tests-Store-Ro?t"));
+  EXPECT_FALSE(Registry.GetKeyInfo("1:Tests-Store-Root", nullptr, nullptr));
 }
 
 TEST_F(ORegistryStore, DeleteMatchingOfAllLeavesTheKeyEmpty) {

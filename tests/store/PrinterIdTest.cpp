@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/KeyStore.h"
 #include "platform/Spooler.h"
 #include "tests/support/TestPrinter.h"
 
@@ -213,6 +214,98 @@ TEST(PrinterId, ShortDataFileGivesTheCharactersThereAre) {
   EXPECT_EQ(u"os", Wide(other.GetFamilyCode()));
   EXPECT_EQ(u"", Wide(other.GetOemCode()));
 }
+
+#ifndef _WIN32
+
+TEST(PrinterId, DriverWithoutDataFileGivesNoCodes) {
+  TestPrinter printer;
+  ASSERT_TRUE(printer.IsReady());
+  platform::DriverRecord driver;
+  driver.Name = u"Ostrel Test";
+  driver.DriverPath = u"/drivers/ostvt.so";
+  ASSERT_TRUE(platform::AddDriver(driver));
+  PrinterId id(printer.Name());
+  EXPECT_EQ(u"ostvt.so", Wide(id.Driver().DriverFile));
+  EXPECT_EQ(u"", Wide(id.Driver().DataFile));
+  EXPECT_EQ(u"", Wide(id.GetFamilyCode()));
+  EXPECT_EQ(u"", Wide(id.GetOemCode()));
+}
+
+void PutText(platform::KeyHandle key, const char16_t* name, const std::u16string& text) {
+  platform::WriteValue(key, name, text.c_str(), static_cast<int>((text.size() + 1) * 2),
+                       platform::kValueString);
+}
+
+TEST(PrinterId, EachFieldOfThePrinterIsItsOwn) {
+  TestPrinter printer;
+  ASSERT_TRUE(printer.IsReady());
+  platform::KeyHandle key = platform::OpenKey(
+      platform::Hive::kLocalMachine,
+      u"SYSTEM\\CurrentControlSet\\Control\\Print\\Printers\\Test Printer", false);
+  ASSERT_NE(nullptr, key);
+  PutText(key, u"Share Name", u"share");
+  PutText(key, u"Port", u"port");
+  PutText(key, u"Printer Driver", u"driver");
+  PutText(key, u"Description", u"comment");
+  PutText(key, u"Location", u"location");
+  PutText(key, u"Separator File", u"separator");
+  PutText(key, u"Print Processor", u"processor");
+  PutText(key, u"Datatype", u"datatype");
+  PutText(key, u"Parameters", u"parameters");
+  const uint32_t attributes = 0x12345678;
+  platform::WriteValue(key, u"Attributes", &attributes, 4, platform::kValueDword);
+  platform::CloseKey(key);
+  PrinterId id(printer.Name());
+  const PrinterId::PrinterFields& fields = id.Printer();
+  EXPECT_EQ(u"share", Wide(fields.ShareName));
+  EXPECT_EQ(u"port", Wide(fields.PortName));
+  EXPECT_EQ(u"driver", Wide(fields.DriverName));
+  EXPECT_EQ(u"comment", Wide(fields.Comment));
+  EXPECT_EQ(u"location", Wide(fields.Location));
+  EXPECT_EQ(u"separator", Wide(fields.SepFile));
+  EXPECT_EQ(u"processor", Wide(fields.PrintProcessor));
+  EXPECT_EQ(u"datatype", Wide(fields.Datatype));
+  EXPECT_EQ(u"parameters", Wide(fields.Parameters));
+  EXPECT_EQ(0x12345678u, fields.Attributes);
+}
+
+TEST(PrinterId, EachFieldOfTheDriverIsItsOwn) {
+  TestPrinter printer;
+  ASSERT_TRUE(printer.IsReady());
+  platform::DriverRecord driver;
+  driver.Version = 77;
+  driver.Name = u"Ostrel Test";
+  driver.DriverPath = u"/directory/driver.so";
+  driver.DataFile = u"/d1/data.dat";
+  driver.ConfigFile = u"/d2/config.so";
+  driver.HelpFile = u"/d3/help.hlp";
+  driver.DependentFiles = {u"/d4/one.dep", u"two.dep"};
+  driver.MonitorName = u"monitor";
+  driver.DefaultDataType = u"datatype";
+  driver.MfgName = u"maker";
+  driver.HardwareId = u"hardware";
+  driver.Provider = u"provider";
+  ASSERT_TRUE(platform::AddDriver(driver));
+  PrinterId id(printer.Name());
+  const PrinterId::DriverFields& fields = id.Driver();
+  EXPECT_EQ(77u, fields.Version);
+  EXPECT_EQ(u"Linux x64", Wide(fields.Environment));
+  EXPECT_EQ(u"/directory", Wide(fields.DriverDirectory));
+  EXPECT_EQ(u"driver.so", Wide(fields.DriverFile));
+  EXPECT_EQ(u"data.dat", Wide(fields.DataFile));
+  EXPECT_EQ(u"config.so", Wide(fields.ConfigFile));
+  EXPECT_EQ(u"help.hlp", Wide(fields.HelpFile));
+  ASSERT_EQ(2, fields.DependentFiles.Count);
+  EXPECT_EQ(u"one.dep", Wide(fields.DependentFiles[0]));
+  EXPECT_EQ(u"two.dep", Wide(fields.DependentFiles[1]));
+  EXPECT_EQ(u"monitor", Wide(fields.MonitorName));
+  EXPECT_EQ(u"datatype", Wide(fields.DefaultDataType));
+  EXPECT_EQ(u"maker", Wide(fields.MfgName));
+  EXPECT_EQ(u"hardware", Wide(fields.HardwareId));
+  EXPECT_EQ(u"provider", Wide(fields.Provider));
+}
+
+#endif
 
 TEST(PrinterId, CodesNeverHoldHalfASurrogatePair) {
   TestPrinter printer(WithData(u"os\U0001F600v.dat"));

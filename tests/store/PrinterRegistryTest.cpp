@@ -6,6 +6,8 @@
 #include <string>
 
 #include "core/DriverPath.h"
+#include "platform/KeyStore.h"
+#include "store/PrinterId.h"
 #include "tests/store/StoreText.h"
 #include "tests/support/TestPrinter.h"
 
@@ -243,6 +245,60 @@ TEST_F(PrinterRegistryTest, SettingOfARemotePrinterLandsBelowTheUsersKey) {
   EXPECT_EQ(0, registry.ReadByte("SETTINGS:A", 0));
 }
 
+TEST_F(PrinterRegistryTest, DeletingAShadowHeadLeavesTheMachinesKey) {
+  AddPrinter(u"P", u"\\\\host\\queue");
+  SetDriverPath(true, true);
+  PrinterRegistry registry = Open();
+  const char* const shadow = "1:SOFTWARE/Vantrel/Drivers/@host/LOCAL%3A";
+  // Without sub-keys, which alone would keep it from being deleted.
+  EXPECT_TRUE(ORegistry().WriteByte("2:SOFTWARE/Vantrel/DriversX/V", 1));
+  EXPECT_TRUE(registry.WriteByte("2:SOFTWARE/Vantrel/DriversX/V", 2));
+  EXPECT_TRUE(registry.Delete("2:SOFTWARE/Vantrel/DriversX", true));
+  EXPECT_EQ(1, ORegistry().ReadByte("2:SOFTWARE/Vantrel/DriversX/V", 0));
+  EXPECT_FALSE(ORegistry().GetKeyInfo(OString(shadow) + "X", nullptr, nullptr));
+
+  EXPECT_TRUE(ORegistry().WriteByte("2:SOFTWARE/Vantrel/Drivers/Kept", 1));
+  EXPECT_TRUE(registry.WriteByte("LOCAL:A/V", 2));
+  EXPECT_TRUE(ORegistry().GetKeyInfo(shadow, nullptr, nullptr));
+  EXPECT_TRUE(registry.Delete("LOCAL:", true));
+  EXPECT_FALSE(ORegistry().GetKeyInfo(shadow, nullptr, nullptr));
+  EXPECT_EQ(1, ORegistry().ReadByte("2:SOFTWARE/Vantrel/Drivers/Kept", 0));
+  ORegistry().Delete("2:SOFTWARE/Vantrel/Drivers/Kept", false);
+}
+
+TEST_F(PrinterRegistryTest, LookedUpPrinterGivesTheSameFields) {
+  AddPrinter(u"P", u"\\\\host\\queue");
+  PrinterRegistry byName = Open();
+  PrinterId id(Printer->Name());
+  PrinterRegistry byId(id);
+  EXPECT_EQ("P", Text(byId.PrinterFullName));
+  EXPECT_EQ(Text(byName.PrinterName), Text(byId.PrinterName));
+  EXPECT_EQ("Model/1", Text(byId.ModelName));
+  EXPECT_EQ(Text(byName.PortName), Text(byId.PortName));
+  EXPECT_EQ("host", Text(byId.ServerName));
+  EXPECT_EQ("vt", Text(byId.OemCode));
+  EXPECT_TRUE(byId.IsRemote);
+  EXPECT_TRUE(byId.IsShadowed);
+}
+
+TEST_F(PrinterRegistryTest, LongNameOfEveryScriptReachesTheStoreWhole) {
+  std::u16string name = u"\u65E5\u672C \u0416, /100%: #1 ";
+  while (name.size() < 218) name += u'\u8A9E';
+  name += u"\U0001F600";
+  ASSERT_EQ(220u, name.size());
+  AddPrinter(name.c_str());
+  PrinterRegistry registry = Open();
+  EXPECT_TRUE(registry.WriteByte("DATA:Sub/V", 7));
+  const std::u16string path =
+      u"SYSTEM\\CurrentControlSet\\Control\\Print\\Printers\\" + name + u"\\PrinterDriverData\\Sub";
+  platform::KeyHandle key = platform::OpenKey(platform::Hive::kLocalMachine, path.c_str(), false);
+  uint8_t value = 0;
+  EXPECT_EQ(1, platform::ReadValue(key, u"V", &value, 1, nullptr));
+  EXPECT_EQ(7, value);
+  platform::CloseKey(key);
+  EXPECT_EQ(7, registry.ReadByte("DATA:Sub/V", 0));
+}
+
 TEST_F(PrinterRegistryTest, LocalShadowHasNoServerElement) {
   AddPrinter(u"P");
   SetDriverPath(true, true);
@@ -369,6 +425,15 @@ TEST_F(PrinterRegistryTest, CollapseWritesTheAliasInHeaders) {
   EXPECT_EQ("[DATA:]", Collapse(registry, "DATA:", ("[" + data + "]").c_str()));
 }
 
+// "[DATA:X]" would expand to another key.
+TEST_F(PrinterRegistryTest, CollapseLeavesAKeyWhoseNameOnlyBeginsAlike) {
+  AddPrinter(u"P");
+  PrinterRegistry registry = Open();
+  const std::string other = "[" + std::string(kDataDisplay) + "X]";
+  EXPECT_EQ(other, Collapse(registry, "DATA:", other.c_str()));
+  EXPECT_EQ("[2:SOFTWARE]", Collapse(registry, "2:", "[HKEY_LOCAL_MACHINE\\SOFTWARE]"));
+}
+
 TEST_F(PrinterRegistryTest, ExpandWritesTheFullPathInHeaders) {
   AddPrinter(u"P");
   PrinterRegistry registry = Open();
@@ -412,6 +477,8 @@ TEST_F(PrinterRegistryTest, AliasOfNoPathChangesNothing) {
   AddPrinter(u"P");
   EXPECT_EQ("[x]", Collapse(Open(), "plain", "[x]"));
   EXPECT_EQ("[x]", Expand(Open(), "", "[x]"));
+  EXPECT_EQ("[plainX]", Expand(Open(), "plain", "[plainX]"));
+  EXPECT_EQ("[plain]", Expand(Open(), "plain", "[plain]"));
 }
 
 TEST_F(PrinterRegistryTest, CollapsedHeadersExpandToThemselves) {

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "platform/linux/AccountGroups.h"
+
 namespace ostvt::platform {
 namespace {
 
@@ -42,15 +44,17 @@ bool IsMemberOf(gid_t id) {
 
 }  // namespace
 
+int LevelByGroup(uid_t user, const char* administrators) {
+  if (user == 0) return kLevelAdministrator;
+  gid_t id;
+  return FindGroup(administrators, &id) && IsMemberOf(id) ? kLevelAdministrator : kLevelUser;
+}
+
 int UserLevel() {
   const char* configured = getenv("OSTVT_USER_LEVEL");
   if (configured && configured[0] >= '0' && configured[0] <= '3' && configured[1] == '\0')
     return configured[0] - '0';
-  if (geteuid() == 0) return kLevelAdministrator;
-  gid_t administrators;
-  return FindGroup(kPrinterAdministrators, &administrators) && IsMemberOf(administrators)
-             ? kLevelAdministrator
-             : kLevelUser;
+  return LevelByGroup(geteuid(), kPrinterAdministrators);
 }
 
 }  // namespace ostvt::platform

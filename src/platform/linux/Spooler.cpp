@@ -35,6 +35,8 @@ constexpr size_t kDevModeSizeOffset = 68;
 constexpr size_t kDevModeExtraOffset = 70;
 constexpr uint32_t kDevModeHeader = 72;
 
+using Purpose = KeyStoreTransaction::Purpose;
+
 bool FitsItsHeader(const void* devMode, uint32_t size) {
   if (size < kDevModeHeader || size > kLongestValue) return false;
   uint16_t named[2];
@@ -43,13 +45,22 @@ bool FitsItsHeader(const void* devMode, uint32_t size) {
   return uint32_t{named[0]} + named[1] <= size;
 }
 
+// Settings may be left, or be written, where no printer is; a printer has a name.
+bool IsPrinter(KeyHandle key) { return key && !ReadText(key, u"Name").empty(); }
+
+// A new printer inherits nothing. False if there is a printer already.
+bool ClearForPrinter(const PrinterPlace& place) {
+  OpenKeyScope key(place, false);
+  return !key.Get() || (!IsPrinter(key.Get()) && DeleteTree(place));
+}
+
 }  // namespace
 
 PrinterHandle OpenPrinter(const char16_t* name, uint32_t access) {
   PrinterPlace place;
   if (!PlaceOfPrinter(name, &place)) return nullptr;
   OpenKeyScope key(place, false);
-  if (!key.Get() || ReadText(key.Get(), u"Name").empty()) return nullptr;
+  if (!IsPrinter(key.Get())) return nullptr;
   return new OpenedPrinter{place, access};
 }
 
@@ -59,6 +70,7 @@ bool GetPrinterRecord(PrinterHandle printer, PrinterRecord* record) {
   *record = {};
   if (!printer) return false;
   const PrinterPlace& place = Opened(printer)->Place;
+  const KeyStoreTransaction together(place.Root, Purpose::kRead);
   OpenKeyScope scope(place, false);
   KeyHandle key = scope.Get();
   if (!key) return false;
@@ -82,15 +94,18 @@ bool GetPrinterRecord(PrinterHandle printer, PrinterRecord* record) {
 
 bool GetDriverRecord(PrinterHandle printer, DriverRecord* record) {
   *record = {};
-  PrinterRecord printerRecord;
-  return GetPrinterRecord(printer, &printerRecord) && ReadDriver(printerRecord.DriverName, record);
+  if (!printer) return false;
+  const PrinterPlace& place = Opened(printer)->Place;
+  const KeyStoreTransaction together(place.Root, Purpose::kRead);
+  OpenKeyScope key(place, false);
+  return IsPrinter(key.Get()) && ReadDriver(ReadText(key.Get(), u"Printer Driver"), record);
 }
 
 bool SetPrinterDevMode(PrinterHandle printer, const void* devMode, uint32_t size) {
   if (!printer || !devMode || !FitsItsHeader(devMode, size)) return false;
   if (!(Opened(printer)->Access & kAccessAdminister)) return false;
   OpenKeyScope key(Opened(printer)->Place, false);
-  return key.Get() && !ReadText(key.Get(), u"Name").empty() &&
+  return IsPrinter(key.Get()) &&
          WriteBytes(key.Get(), u"Default DevMode", devMode, size, kValueBinary);
 }
 
@@ -99,16 +114,19 @@ bool SetPrinterData(PrinterHandle printer, const char16_t* name, uint32_t type, 
   if (!printer || !name || (!data && size > 0) || size > kLongestValue) return false;
   if (!(Opened(printer)->Access & kAccessAdminister)) return false;
   PrinterPlace place = Opened(printer)->Place;
+  KeyStoreTransaction together(place.Root, Purpose::kWrite);
+  if (!together.IsOpen()) return false;
   OpenKeyScope printerKey(place, false);
-  if (!printerKey.Get() || ReadText(printerKey.Get(), u"Name").empty()) return false;
+  if (!IsPrinter(printerKey.Get())) return false;
   place.Key += u"\\PrinterDriverData";
   OpenKeyScope key(place, true);
-  return key.Get() && WriteBytes(key.Get(), name, data, size, type);
+  return key.Get() && WriteBytes(key.Get(), name, data, size, type) && together.Commit();
 }
 
 std::vector<std::u16string> EnumeratePrinters() {
   std::vector<std::u16string> names;
   for (const PrinterPlace& root : PrinterRoots()) {
+    const KeyStoreTransaction together(root.Root, Purpose::kRead);
     for (const std::u16string& keyName : SubKeysOf(root)) {
       PrinterPlace place = root;
       place.Key += u"\\" + keyName;
@@ -126,31 +144,30 @@ bool AddPrinter(const NewPrinter& printer) {
   if (printer.Name.size() > kLongestPrinterName || !PlaceOfPrinter(printer.Name.c_str(), &place) ||
       !ReadDriver(printer.DriverName, &driver))
     return false;
+  // From the look whether there is one to the last value: another process may add the same.
+  KeyStoreTransaction together(place.Root, Purpose::kWrite);
+  if (!together.IsOpen() || !ClearForPrinter(place)) return false;
   OpenKeyScope scope(place, true);
   KeyHandle key = scope.Get();
-  if (!key || !ReadText(key, u"Name").empty()) return false;
+  if (!key) return false;
   uint32_t attributes = place.Server.empty() ? kAttributeLocal : kAttributeNetwork;
   if (!printer.ShareName.empty()) attributes |= kAttributeShared;
   if (!driver.MonitorName.empty()) attributes |= kAttributeBidi;
-  // The name comes last: a key without one is no printer yet.
   return WriteText(key, u"Share Name", printer.ShareName) &&
          WriteText(key, u"Port", printer.PortName) &&
          WriteText(key, u"Printer Driver", driver.Name) &&
          WriteText(key, u"Print Processor", u"winprint") && WriteText(key, u"Datatype", u"RAW") &&
          WriteBytes(key, u"Attributes", &attributes, sizeof attributes, kValueDword) &&
-         WriteText(key, u"Name", printer.Name);
+         WriteText(key, u"Name", printer.Name) && together.Commit();
 }
 
 bool DeletePrinter(const char16_t* name) {
   PrinterPlace place;
   if (!PlaceOfPrinter(name, &place)) return false;
-  {
-    OpenKeyScope key(place, false);
-    // The name goes first: whatever else may be left behind is no printer any more.
-    if (!key.Get() || ReadText(key.Get(), u"Name").empty() || !DeleteValue(key.Get(), u"Name"))
-      return false;
-  }
-  return DeleteTree(place);
+  KeyStoreTransaction together(place.Root, Purpose::kWrite);
+  if (!together.IsOpen()) return false;
+  OpenKeyScope key(place, false);
+  return IsPrinter(key.Get()) && DeleteTree(place) && together.Commit();
 }
 
 bool AddDriver(const DriverRecord& driver) { return WriteDriver(driver); }

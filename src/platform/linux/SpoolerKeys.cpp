@@ -74,6 +74,10 @@ bool DeleteTree(const PrinterPlace& place) {
 }
 
 std::vector<uint8_t> ReadBytes(KeyHandle key, const char16_t* name) {
+  // Nearly every value fits here and takes one look.
+  uint8_t room[2048];
+  int fits = ReadValue(key, name, room, sizeof room, nullptr);
+  if (fits >= 0) return {room, room + fits};
   std::vector<uint8_t> bytes;
   for (int i = 0; i < kReadTries; i++) {
     int size = 0;
@@ -137,6 +141,7 @@ bool WriteTexts(KeyHandle key, const char16_t* name, const std::vector<std::u16s
 bool ReadDriver(const std::u16string& name, DriverRecord* record) {
   *record = {};
   if (!IsKeyName(name)) return false;
+  const KeyStoreTransaction together(Hive::kLocalMachine, KeyStoreTransaction::Purpose::kRead);
   OpenKeyScope scope({Hive::kLocalMachine, std::u16string(kDrivers) + u"\\" + name, u""}, false);
   KeyHandle key = scope.Get();
   if (!key) return false;
@@ -162,12 +167,13 @@ bool ReadDriver(const std::u16string& name, DriverRecord* record) {
 
 bool WriteDriver(const DriverRecord& driver) {
   if (!IsKeyName(driver.Name) || driver.DriverPath.empty()) return false;
+  KeyStoreTransaction together(Hive::kLocalMachine, KeyStoreTransaction::Purpose::kWrite);
+  if (!together.IsOpen()) return false;
   OpenKeyScope scope({Hive::kLocalMachine, std::u16string(kDrivers) + u"\\" + driver.Name, u""},
                      true);
   KeyHandle key = scope.Get();
   if (!key) return false;
   uint32_t version = driver.Version ? driver.Version : kDriverVersion;
-  // A driver is known once it has a name, so that comes last.
   return WriteBytes(key, u"Version", &version, sizeof version, kValueDword) &&
          WriteText(key, u"Driver", driver.DriverPath) &&
          WriteText(key, u"Data File", driver.DataFile) &&
@@ -178,7 +184,8 @@ bool WriteDriver(const DriverRecord& driver) {
          WriteText(key, u"Datatype", driver.DefaultDataType) &&
          WriteText(key, u"Manufacturer", driver.MfgName) &&
          WriteText(key, u"HardwareID", driver.HardwareId) &&
-         WriteText(key, u"Provider", driver.Provider) && WriteText(key, u"Name", driver.Name);
+         WriteText(key, u"Provider", driver.Provider) && WriteText(key, u"Name", driver.Name) &&
+         together.Commit();
 }
 
 }  // namespace ostvt::platform

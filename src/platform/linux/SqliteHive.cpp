@@ -1,6 +1,8 @@
 #include "platform/linux/SqliteHive.h"
 
+#include <errno.h>
 #include <pthread.h>
+#include <pwd.h>
 #include <sys/stat.h>
 #include <time.h>
 #include <unistd.h>
@@ -8,6 +10,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <new>
+#include <vector>
 
 namespace ostvt::platform {
 namespace {
@@ -67,7 +70,12 @@ const char* TextOf(Query query) {
     case Query::kDropValues:
       return "DELETE FROM vals WHERE path=?1";
     case Query::kReadValue:
-      return "SELECT type,data FROM vals WHERE path=?1 AND name=?2";
+      return "SELECT type,data FROM vals WHERE path=?1 AND name=?2 AND typeof(data)='blob'";
+    case Query::kFindValue:
+      return "SELECT 1 FROM vals WHERE path=?1 AND name=?2";
+    case Query::kSizeOfValue:
+      // The length of a blob is known without reading it; a value that is none is not one of ours.
+      return "SELECT length(data) FROM vals WHERE path=?1 AND name=?2 AND typeof(data)='blob'";
     case Query::kWriteValue:
       // A key that another process has deleted takes no values. The name's first spelling stays.
       return "INSERT INTO vals(path,name,display,type,data) SELECT ?1,?2,?3,?4,?5"
@@ -84,6 +92,11 @@ const char* TextOf(Query query) {
   }
   return "";
 }
+
+// The version of the tables, 0 for a file that has none yet, -1 for one that holds others.
+constexpr const char* kVersionQuery =
+    "SELECT CASE WHEN user_version=0 AND EXISTS(SELECT 1 FROM sqlite_master) THEN -1"
+    " ELSE user_version END FROM pragma_user_version";
 
 bool Execute(sqlite3* database, const char* text) {
   return sqlite3_exec(database, text, nullptr, nullptr, nullptr) == SQLITE_OK;
@@ -130,13 +143,15 @@ const char* Environment(const char* name) {
   return value ? value : "";
 }
 
-std::string DirectoryOf(Hive hive) {
-  std::string directory = Environment("OSTVT_STORE_DIR");
-  if (!directory.empty()) return directory;
-  if (hive != Hive::kCurrentUser) return "/var/lib/ostvt";
-  directory = Environment("XDG_DATA_HOME");
-  if (directory.empty()) directory = std::string(Environment("HOME")) + "/.local/share";
-  return directory + "/ostvt";
+// A service may run without HOME.
+std::string HomeDirectory() {
+  std::string home = Environment("HOME");
+  if (!home.empty()) return home;
+  std::vector<char> room(16384);
+  passwd entry;
+  passwd* found = nullptr;
+  if (getpwuid_r(geteuid(), &entry, room.data(), room.size(), &found) != 0 || !found) return {};
+  return found->pw_dir ? found->pw_dir : "";
 }
 
 // What this process has open: a connection for each hive, in the directory that the environment
@@ -154,7 +169,7 @@ struct HiveCache {
   }
 
   Lock Access;
-  std::string StoreDirectory;
+  std::string Directory;
   HiveFile Files[kHiveCount];
 };
 
@@ -179,6 +194,19 @@ HiveCache::HiveCache() { pthread_atfork(BeforeFork, AfterForkInParent, AfterFork
 
 }  // namespace
 
+std::string StoreDirectory(Hive hive) {
+  std::string directory = Environment("OSTVT_STORE_DIR");
+  if (!directory.empty()) return directory;
+  if (hive != Hive::kCurrentUser) return "/var/lib/ostvt";
+  directory = Environment("XDG_DATA_HOME");
+  if (directory.empty()) {
+    directory = HomeDirectory();
+    if (directory.empty()) return {};
+    directory += "/.local/share";
+  }
+  return directory + "/ostvt";
+}
+
 bool HiveFile::OpenFile(int flags, const char* parameters) {
   // A URI, so that parameters can be given; what has a meaning there is escaped.
   std::string uri = "file:";
@@ -202,13 +230,20 @@ bool HiveFile::OpenFile(int flags, const char* parameters) {
 
 bool HiveFile::Open(const std::string& directory, Hive hive, bool create) {
   Close();
+  if (directory.empty()) return false;
   Path = directory + "/" + kFileNames[static_cast<int>(hive)];
+  // Before the first write every read comes here, so this must cost little.
+  if (!create && IsMissing()) return false;
   if (OpenForWriting(SQLITE_OPEN_READWRITE)) return true;
   if (create) {
     MakeDirectories(directory);
     if (OpenForWriting(SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE)) return true;
   }
   return OpenForReading();
+}
+
+bool HiveFile::IsMissing() const {
+  return access(Path.c_str(), F_OK) != 0 && (errno == ENOENT || errno == ENOTDIR);
 }
 
 bool HiveFile::OpenForWriting(int flags) {
@@ -242,7 +277,13 @@ bool HiveFile::Configure(bool readOnly) {
   sqlite3_db_config(Database, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
   sqlite3_db_config(Database, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
   if (!Execute(Database, "PRAGMA cell_size_check=1; PRAGMA cache_size=-512;")) return false;
-  if (readOnly) return ReadNumber(Database, "PRAGMA user_version") == kSchemaVersion;
+  // A file of another program, or of a later version of this one, stays as it is to the last byte,
+  // and so does a log beside it.
+  sqlite3_db_config(Database, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+  int version = ReadNumber(Database, kVersionQuery);
+  if (version != kSchemaVersion && (version != 0 || readOnly)) return false;
+  sqlite3_db_config(Database, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
+  if (readOnly) return true;
 
   // The log stays behind when the last process closes (emptied): who may only read cannot make it.
   int keepLog = 1;
@@ -253,8 +294,7 @@ bool HiveFile::Configure(bool readOnly) {
       !Execute(Database, "PRAGMA synchronous=NORMAL; PRAGMA journal_size_limit=8388608;")) {
     return false;
   }
-  int version = ReadNumber(Database, "PRAGMA user_version");
-  return version == kSchemaVersion || (version == 0 && CreateTables());
+  return version == kSchemaVersion || CreateTables();
 }
 
 bool HiveFile::CreateTables() {
@@ -298,13 +338,13 @@ HiveUse::HiveUse(Hive hive, bool create) : Guard(TheCache().Access) {
   // What closes a connection ends its transaction too.
   if (!cache.InTransaction()) {
     const char* directory = Environment("OSTVT_STORE_DIR");
-    if (cache.StoreDirectory != directory) {
+    if (cache.Directory != directory) {
       cache.CloseAll();
-      cache.StoreDirectory = directory;
+      cache.Directory = directory;
     }
     if (file.IsOpen() && file.IsStale()) file.Close();
   }
-  if (file.IsOpen() || file.Open(DirectoryOf(hive), hive, create)) Target = &file;
+  if (file.IsOpen() || file.Open(StoreDirectory(hive), hive, create)) Target = &file;
 }
 
 HiveQuery& HiveQuery::Bind(int index, std::u16string_view text) {
@@ -334,6 +374,13 @@ std::u16string HiveQuery::Text(int column) const {
   std::u16string text(static_cast<size_t>(size) / sizeof(char16_t), u'\0');
   if (!text.empty()) memcpy(text.data(), data, text.size() * sizeof(char16_t));
   return text;
+}
+
+bool HiveQuery::Holds(int column, std::u16string_view text) const {
+  int size = 0;
+  const void* data = Data(column, &size);
+  return static_cast<size_t>(size) == text.size() * sizeof(char16_t) &&
+         (size == 0 || memcmp(data, text.data(), static_cast<size_t>(size)) == 0);
 }
 
 }  // namespace ostvt::platform

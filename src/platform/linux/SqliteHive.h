@@ -34,12 +34,17 @@ enum class Query {
   kDropKey,
   kDropValues,
   kReadValue,
+  kFindValue,
+  kSizeOfValue,
   kWriteValue,
   kValueAt,
   kValueAfter,
   kDeleteValue,
   kCount,
 };
+
+// Where the environment, or else the system, wants the files; "" where the user has no place.
+std::string StoreDirectory(Hive hive);
 
 // A connection with its prepared statements.
 class HiveFile {
@@ -68,6 +73,7 @@ class HiveFile {
   bool OpenForReading();
   bool Configure(bool readOnly);
   bool CreateTables();
+  bool IsMissing() const;
 
   sqlite3* Database = nullptr;
   std::string Path;
@@ -113,6 +119,8 @@ class HiveQuery {
   // Valid until the end of this use. `size` in bytes.
   const void* Data(int column, int* size) const;
   std::u16string Text(int column) const;
+  // Exactly these units, with no byte behind them.
+  bool Holds(int column, std::u16string_view text) const;
 
  private:
   sqlite3_stmt* Statement;

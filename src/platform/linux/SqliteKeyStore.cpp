@@ -1,9 +1,11 @@
 #include <unicode/uchar.h>
 
+#include <algorithm>
 #include <cstring>
 #include <new>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/KeyPath.h"
 #include "platform/KeyStore.h"
@@ -48,6 +50,15 @@ bool KeyExists(HiveFile* file, std::u16string_view path) {
   return HiveQuery(file, Query::kFindKey).Bind(1, path).Row();
 }
 
+// A miss is found out without the writers' lock, which waits for others.
+bool ValueExists(HiveFile* file, std::u16string_view path, std::u16string_view name) {
+  return HiveQuery(file, Query::kFindValue).Bind(1, path).Bind(2, name).Row();
+}
+
+bool IsKeyName(std::u16string_view name) {
+  return !name.empty() && name.find(u'\\') == std::u16string_view::npos;
+}
+
 // `path` as its caller wrote it, `folded` the same folded.
 bool CreateKey(HiveFile* file, std::u16string_view path, std::u16string_view folded) {
   HiveTransaction transaction(file);
@@ -70,9 +81,18 @@ bool CreateKey(HiveFile* file, std::u16string_view path, std::u16string_view fol
   return transaction.Commit();
 }
 
-// `at` and `after` give a name and, in the second column, what it is found by.
-bool EnumerateName(OpenedKey* key, Query at, Query after, Cursor* cursor, int index,
-                   char16_t (&name)[kNameUnits]) {
+// In the order of the store, that of the bytes.
+bool IsBehind(std::u16string_view text, std::u16string_view other) {
+  const size_t shorter = std::min(text.size(), other.size());
+  const int order = memcmp(text.data(), other.data(), shorter * sizeof(char16_t));
+  return order > 0 || (order == 0 && text.size() > other.size());
+}
+
+// `at` and `after` give a name and, in the second column, what it is found by: `head` and the
+// folded name. A row where that is not so was not written by us: it would be given out without end,
+// or lead to another key.
+bool EnumerateName(OpenedKey* key, Query at, Query after, std::u16string_view head, Cursor* cursor,
+                   int index, char16_t (&name)[kNameUnits]) {
   if (index < 0) return false;
   HiveUse use(key->Root, false);
   bool resume = index > 0 && index == cursor->Next;
@@ -85,9 +105,14 @@ bool EnumerateName(OpenedKey* key, Query at, Query after, Cursor* cursor, int in
   }
   if (!query.Row()) return false;
   std::u16string text = query.Text(0);
-  if (text.size() >= kNameUnits) return false;
+  if (text.size() >= kNameUnits || text.find(u'\0') != std::u16string::npos) return false;
+  std::u16string found(head);
+  found += Fold(text);
+  if (!query.Holds(1, found)) return false;
+  // In a damaged file the row behind may be one from before.
+  if (resume && !IsBehind(found, cursor->Last)) return false;
   memcpy(name, text.c_str(), (text.size() + 1) * sizeof(char16_t));
-  cursor->Last = query.Text(1);
+  cursor->Last = std::move(found);
   cursor->Next = index + 1;
   return true;
 }
@@ -118,7 +143,8 @@ int WriteValue(KeyHandle key, const char16_t* name, const void* data, int size, 
   std::u16string_view display = name ? name : u"";
   if (!key || size < 0 || (!data && size > 0) || display.size() > kValueNameLimit) return -1;
   std::u16string folded = Fold(display);
-  HiveUse use(AsKey(key)->Root, false);
+  // The root is there even before its file is.
+  HiveUse use(AsKey(key)->Root, AsKey(key)->Path.empty());
   bool written = HiveQuery(use.File(), Query::kWriteValue)
                      .Bind(1, AsKey(key)->Path)
                      .Bind(2, folded)
@@ -147,20 +173,24 @@ bool GetValueSize(KeyHandle key, const char16_t* name, int* size) {
   if (!key) return false;
   std::u16string folded = Fold(name ? name : u"");
   HiveUse use(AsKey(key)->Root, false);
-  HiveQuery query(use.File(), Query::kReadValue);
+  HiveQuery query(use.File(), Query::kSizeOfValue);
   if (!query.Bind(1, AsKey(key)->Path).Bind(2, folded).Row()) return false;
-  query.Data(1, size);
+  *size = static_cast<int>(query.Number(0));
   return true;
 }
 
 bool EnumerateKey(KeyHandle key, int index, char16_t (&name)[kNameUnits]) {
-  return key && EnumerateName(AsKey(key), Query::kSubKeyAt, Query::kSubKeyAfter,
-                              &AsKey(key)->SubKeys, index, name);
+  if (!key) return false;
+  std::u16string head = AsKey(key)->Path;
+  if (!head.empty()) head += u'\\';
+  return EnumerateName(AsKey(key), Query::kSubKeyAt, Query::kSubKeyAfter, head,
+                       &AsKey(key)->SubKeys, index, name) &&
+         IsKeyName(name);
 }
 
 bool EnumerateValue(KeyHandle key, int index, char16_t (&name)[kNameUnits]) {
-  return key && EnumerateName(AsKey(key), Query::kValueAt, Query::kValueAfter, &AsKey(key)->Values,
-                              index, name);
+  return key && EnumerateName(AsKey(key), Query::kValueAt, Query::kValueAfter, u"",
+                              &AsKey(key)->Values, index, name);
 }
 
 bool QueryKey(KeyHandle key, int* subKeys, int* values) {
@@ -181,7 +211,7 @@ bool DeleteKey(KeyHandle parent, const char16_t* name) {
   if (!path.empty()) path += u'\\';
   path += Fold(element);
   HiveUse use(AsKey(parent)->Root, false);
-  // Looked for outside a transaction first: a miss must not take the writers' lock.
+  // A miss is found out without the writers' lock.
   if (!KeyExists(use.File(), path)) return false;
   HiveTransaction transaction(use.File());
   return transaction.IsOpen() && !HiveQuery(use.File(), Query::kHasSubKeys).Bind(1, path).Row() &&
@@ -194,6 +224,7 @@ bool DeleteValue(KeyHandle key, const char16_t* name) {
   if (!key) return false;
   std::u16string folded = Fold(name ? name : u"");
   HiveUse use(AsKey(key)->Root, false);
+  if (!ValueExists(use.File(), AsKey(key)->Path, folded)) return false;
   return HiveQuery(use.File(), Query::kDeleteValue)
              .Bind(1, AsKey(key)->Path)
              .Bind(2, folded)

@@ -28,7 +28,9 @@ HANDLE OpenMutexOf(Hive hive) {
     return nullptr;
   }
   SECURITY_ATTRIBUTES attributes = {sizeof(attributes), &descriptor, FALSE};
-  return CreateMutexW(&attributes, FALSE, AsWide(name.c_str()));
+  const HANDLE mutex = CreateMutexW(&attributes, FALSE, AsWide(name.c_str()));
+  // Who may not have every right to one that is there already may still wait for it.
+  return mutex ? mutex : OpenMutexW(SYNCHRONIZE, FALSE, AsWide(name.c_str()));
 }
 
 // A holder that died has left each value whole, so what it left is taken.

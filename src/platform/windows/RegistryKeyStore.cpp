@@ -114,16 +114,20 @@ bool GetValueSize(KeyHandle key, const char16_t* name, int* size) {
 }
 
 bool EnumerateKey(KeyHandle key, int index, char16_t (&name)[kNameUnits]) {
+  DWORD units = kNameUnits;
+  // The system's own calls can make names with a NUL inside, which no path leads to.
   return key && index >= 0 &&
-         RegEnumKeyW(AsKey(key), static_cast<DWORD>(index), AsWide(name), kNameUnits) ==
-             ERROR_SUCCESS;
+         RegEnumKeyExW(AsKey(key), static_cast<DWORD>(index), AsWide(name), &units, nullptr,
+                       nullptr, nullptr, nullptr) == ERROR_SUCCESS &&
+         units > 0 && std::char_traits<char16_t>::length(name) == units;
 }
 
 bool EnumerateValue(KeyHandle key, int index, char16_t (&name)[kNameUnits]) {
   DWORD units = kNameUnits;
   return key && index >= 0 &&
          RegEnumValueW(AsKey(key), static_cast<DWORD>(index), AsWide(name), &units, nullptr,
-                       nullptr, nullptr, nullptr) == ERROR_SUCCESS;
+                       nullptr, nullptr, nullptr) == ERROR_SUCCESS &&
+         std::char_traits<char16_t>::length(name) == units;
 }
 
 bool QueryKey(KeyHandle key, int* subKeys, int* values) {

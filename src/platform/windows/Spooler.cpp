@@ -11,8 +11,8 @@ namespace {
 
 // A record that grows between asking for its size and fetching it is asked for again so often.
 constexpr int kTries = 4;
-// A device mode names its own length; no driver has one as long as this.
-constexpr size_t kLongestDevMode = 64 * 1024;
+// No record or list is as long as this; a spooler that asks for more is not obeyed.
+constexpr DWORD kLongestBlock = 1 << 20;
 
 wchar_t* Mutable(const char16_t* text) { return const_cast<wchar_t*>(AsWide(text)); }
 
@@ -26,7 +26,9 @@ class SpoolerBlock {
       DWORD needed = 0;
       if (get(Bytes.data(), static_cast<DWORD>(Bytes.size()), &needed) && !Bytes.empty())
         return true;
-      if (needed <= Bytes.size() || GetLastError() != ERROR_INSUFFICIENT_BUFFER) break;
+      if (needed <= Bytes.size() || needed > kLongestBlock ||
+          GetLastError() != ERROR_INSUFFICIENT_BUFFER)
+        break;
       Bytes.assign(needed, 0);
     }
     Bytes.clear();
@@ -66,7 +68,7 @@ class SpoolerBlock {
     size_t room = RoomAt(devMode);
     if (room < offsetof(DEVMODEW, dmFields)) return {};
     size_t size = static_cast<size_t>(devMode->dmSize) + devMode->dmDriverExtra;
-    size = std::min({size, room, kLongestDevMode});
+    size = std::min(size, room);
     auto* bytes = reinterpret_cast<const uint8_t*>(devMode);
     return {bytes, bytes + size};
   }
