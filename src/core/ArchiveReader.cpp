@@ -29,10 +29,6 @@ constexpr uint32_t kLocalPackedSize = 18;
 constexpr uint32_t kLocalPlainSize = 22;
 constexpr uint32_t kLocalNameLength = 26;
 
-// Definitions, pictures and language modules are far smaller; a damaged size must not take a
-// spooler's memory.
-constexpr uint32_t kLargestMember = 256u << 20;
-
 constexpr uint32_t kAttributeTemporary = 256;
 
 uint16_t WordAt(const uint8_t* record, uint32_t offset) {
@@ -49,9 +45,6 @@ bool ReadRecord(OFile& file, uint8_t* record, uint32_t size, uint32_t signature)
 uint8_t* AllocBytes(uint64_t size) {
   return static_cast<uint8_t*>(AllocCounted(static_cast<size_t>(size)));
 }
-
-// A body of its own, for what passes between the reader and a session.
-OString CopyOfText(const OString& text) { return OString(text.GetWide()); }
 
 OString NameIn(const ArchiveMember& member) {
   OString name;
@@ -74,7 +67,8 @@ ArchiveReader::~ArchiveReader() {
 
 bool ArchiveReader::AddArchive(const OString& path) {
   if (!OFile::FileExists(path)) return false;
-  PendingPaths.Add(CopyOfText(path));
+  // A body of its own: the caller's belongs to one session.
+  PendingPaths.Add(OString(path.GetWide()));
   return true;
 }
 
@@ -117,20 +111,23 @@ bool ArchiveReader::LoadDirectory(OFile& file) {
   return true;
 }
 
-ArchiveMember* ArchiveReader::FindMember(const OString& name) {
+ArchiveMember* ArchiveReader::FindMember(const OString& name, uint32_t largest) {
   platform::LockGuard guard(Lock);
-  LoadPending();
+  ++Lookups;
+  // Each call takes at least one path off the list.
+  while (PendingPaths.Count > 0) LoadPending();
   for (int32_t i = 0; i < Members.Count; ++i) {
     ArchiveMember* member = static_cast<ArchiveMember*>(Members[i]);
     if (member->Name.CompareNoCase(name) != 0) continue;
-    if (member->DataSize > 0) return member;
-    if (member->LocalRecord == nullptr && !LoadLocalRecord(member)) return nullptr;
+    if (member->DataSize > 0) return member->DataSize <= largest ? member : nullptr;
+    if (member->LocalRecord == nullptr && !LoadLocalRecord(member, largest)) return nullptr;
+    if (DwordAt(member->LocalRecord, kLocalPlainSize) > largest) return nullptr;
     return Expand(member) ? member : nullptr;
   }
   return nullptr;
 }
 
-bool ArchiveReader::LoadLocalRecord(ArchiveMember* member) {
+bool ArchiveReader::LoadLocalRecord(ArchiveMember* member, uint32_t largest) {
   OFile file(member->ArchivePath, kFileShareRead);
   const uint32_t fileSize = file.GetSize();
   const uint32_t start = DwordAt(member->CentralRecord, kCentralLocalHeader);
@@ -143,7 +140,7 @@ bool ArchiveReader::LoadLocalRecord(ArchiveMember* member) {
   const uint64_t size =
       static_cast<uint64_t>(kLocalSize) + WordAt(local, kLocalNameLength) + packedSize;
   if (size > fileSize - start) return false;
-  if (plainSize > kLargestMember || !LZ77::IsPlausibleSize(plainSize, packedSize)) return false;
+  if (plainSize > largest || !LZ77::IsPlausibleSize(plainSize, packedSize)) return false;
 
   uint8_t* record = AllocBytes(size);
   CopyBytes(record, local, kLocalSize);
@@ -175,11 +172,17 @@ bool ArchiveReader::Expand(ArchiveMember* member) {
   return true;
 }
 
-const uint8_t* ArchiveReader::GetMemberData(const OString& name, uint32_t* size) {
+const uint8_t* ArchiveReader::GetMemberData(const OString& name, uint32_t* size,
+                                            uint32_t largest) {
   platform::LockGuard guard(Lock);
-  const ArchiveMember* member = FindMember(name);
+  const ArchiveMember* member = FindMember(name, largest);
   if (size != nullptr) *size = member != nullptr ? member->DataSize : 0;
   return member != nullptr ? member->Data : nullptr;
+}
+
+uint32_t ArchiveReader::GetLookupCount() {
+  platform::LockGuard guard(Lock);
+  return Lookups;
 }
 
 void ArchiveReader::GetMemberNames(OStringArray* names) {

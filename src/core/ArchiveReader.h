@@ -40,6 +40,9 @@ inline constexpr uint32_t kExtractIfNewer = 1;
 inline constexpr uint32_t kExtractClearAttributes = 2;
 inline constexpr uint32_t kExtractTemporary = 4;
 
+// Pictures and language modules are far smaller; a damaged size must not take a spooler's memory.
+inline constexpr uint32_t kLargestMember = 256u << 20;
+
 class ArchiveReader {
  public:
   ArchiveReader() = default;
@@ -53,29 +56,34 @@ class ArchiveReader {
   // or whose directory breaks off, ends the call with false: its members so far stay, and archives
   // behind it wait for the next call.
   bool LoadPending();
-  // The first member of that name, case ignored, with its data; null if there is none or it is
-  // damaged. It lives as long as the reader.
-  ArchiveMember* FindMember(const OString& name);
+  // The first member of that name, case ignored, with its data; null if there is none, or it is
+  // damaged or larger than `largest` bytes. It lives as long as the reader. Looks into every
+  // archive: one that is damaged does not hold up those behind it.
+  ArchiveMember* FindMember(const OString& name, uint32_t largest = kLargestMember);
   // The member's data, never copied, valid as long as the reader; null as FindMember. The data of
   // an empty member is a pointer to no bytes, and only until the next look-up of that member.
   // `size` may be null.
-  const uint8_t* GetMemberData(const OString& name, uint32_t* size = nullptr);
+  const uint8_t* GetMemberData(const OString& name, uint32_t* size = nullptr,
+                               uint32_t largest = kLargestMember);
   // `names` becomes all names, in archive order.
   void GetMemberNames(OStringArray* names);
   // Writes the member to a file and gives the file the member's time. kExtractIfNewer: an existing
   // target that is as new as the member stays, with true. False if there is no such member or the
   // target could not be written.
   bool ExtractMember(const OString& name, const OString& targetPath, uint32_t flags);
+  // How many members were looked for so far, found or not.
+  uint32_t GetLookupCount();
 
  private:
   bool LoadDirectory(OFile& file);
-  static bool LoadLocalRecord(ArchiveMember* member);
+  static bool LoadLocalRecord(ArchiveMember* member, uint32_t largest);
   static bool Expand(ArchiveMember* member);
 
   PointerArray Members;
   platform::Lock Lock;
   OString CurrentPath;
   OStringArray PendingPaths;
+  uint32_t Lookups = 0;
 };
 
 }  // namespace ostvt

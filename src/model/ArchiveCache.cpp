@@ -14,6 +14,7 @@ ArchiveCache::~ArchiveCache() {
 ArchiveReader* ArchiveCache::Open(const OString& first, const OString& second) {
   const OString files = first + ";" + second;
   platform::LockGuard guard(Lock);
+  ++Opens;
   const int32_t known = Readers.Find(files);
   if (known >= 0) return static_cast<ArchiveReader*>(Readers.Values[known]);
   auto* reader = new ArchiveReader;
@@ -21,6 +22,11 @@ ArchiveReader* ArchiveCache::Open(const OString& first, const OString& second) {
   reader->AddArchive(second);
   Readers.Set(CopyOfText(files), reader);
   return reader;
+}
+
+uint32_t ArchiveCache::GetOpenCount() {
+  platform::LockGuard guard(Lock);
+  return Opens;
 }
 
 }  // namespace ostvt

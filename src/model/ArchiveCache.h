@@ -19,10 +19,13 @@ class ArchiveCache {
   // One reader of both files; `first` hides members of the same name in `second`. A file that is
   // missing when the reader is made is passed over. The reader lives as long as the cache.
   ArchiveReader* Open(const OString& first, const OString& second);
+  // How many times Open was called so far.
+  uint32_t GetOpenCount();
 
  private:
   platform::Lock Lock;
   NameMap Readers;
+  uint32_t Opens = 0;
 };
 
 }  // namespace ostvt

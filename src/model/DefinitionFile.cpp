@@ -25,12 +25,13 @@ void DefinitionFile::SelectSection(const OString& path) {
   Current = nullptr;
 }
 
-// A member that is missing or damaged is kept as an empty text.
+// A member that is missing, damaged or too large is kept as an empty text.
 DefinitionText* DefinitionFile::CurrentText() {
   const int32_t known = Texts.Find(FileName);
   if (known >= 0) return static_cast<DefinitionText*>(Texts.Values[known]);
   uint32_t size = 0;
-  const uint8_t* data = Archive ? Archive->GetMemberData(FileName + ".d", &size) : nullptr;
+  const uint8_t* data =
+      Archive ? Archive->GetMemberData(FileName + ".d", &size, kLargestDefinition) : nullptr;
   auto* text = new DefinitionText(reinterpret_cast<const char*>(data), data ? size : 0);
   Texts.Set(FileName, text);
   return text;

@@ -1,7 +1,8 @@
 // The sections of a set of definition files, read from an archive and parsed on first use.
 //
 // A map of StringMap objects by "file:section". A missing archive, member, section or key gives the
-// default of the read, silently. One thread at a time.
+// default of the read, silently; what was found missing is not looked for again. One thread at a
+// time.
 #pragma once
 
 #include <cstdint>

@@ -32,8 +32,7 @@ OString MakeText(const char* text, size_t length) {
 }  // namespace
 
 DefinitionText::DefinitionText(const char* text, uint32_t size) {
-  // A line's length must fit the counts of a text.
-  if (!text || size > static_cast<uint32_t>(kNumberLimit)) return;
+  if (!text || size > kLargestDefinition) return;
   const char* nul = FindByte(text, text + size, 0);
   SplitLines(text, nul ? static_cast<size_t>(nul - text) : size);
 }
@@ -137,6 +136,27 @@ void DefinitionText::SplitEntries(Block* block) {
   block->IsSplit = true;
 }
 
+// What the lines of one key make of `old`, null without one. A list is gathered and made a text
+// once, since it may have as many lines as the member.
+OString DefinitionText::ValueOfRun(const Entry* const* first, const Entry* const* end,
+                                   const OString* old) {
+  const Entry* const* start = end - 1;
+  while (start > first && (*start)->Grows) --start;
+  const bool goesOn = (*start)->Grows && old && !old->IsEmpty();
+  if (end - start == 1 && !goesOn) return (*start)->Value;
+  std::vector<char> list;
+  const auto append = [&list](const OString& text) {
+    const char* narrow = text.GetNarrow();
+    list.insert(list.end(), narrow, narrow + strlen(narrow));
+  };
+  if (goesOn) append(*old);
+  for (const Entry* const* each = start; each < end; ++each) {
+    if (!list.empty()) list.push_back(',');
+    append((*each)->Value);
+  }
+  return MakeText(list.data(), list.size());
+}
+
 void DefinitionText::ReadSection(const OString& section, StringMap* map) {
   const auto isBefore = [](const Entry* a, const Entry* b) { return a->Hash > b->Hash; };
   std::vector<const Entry*> entries;
@@ -158,13 +178,15 @@ void DefinitionText::ReadSection(const OString& section, StringMap* map) {
   }
   // In the map's own order each entry goes to its end. Lines of one key come in the file's order.
   map->ExpectMore(static_cast<int32_t>(entries.size()));
-  for (const Entry* entry : entries) {
-    const OString* old = entry->Grows ? map->FindString(entry->Key, entry->Hash) : nullptr;
-    if (old && !old->IsEmpty()) {
-      map->SetString(entry->Key, entry->Hash, *old + "," + entry->Value);
-    } else {
-      map->SetString(entry->Key, entry->Hash, entry->Value);
-    }
+  const Entry* const* const end = entries.data() + entries.size();
+  for (const Entry* const* first = entries.data(); first < end;) {
+    const Entry& entry = **first;
+    const Entry* const* next = first + 1;
+    while (next < end && (*next)->Hash == entry.Hash && (*next)->Key == entry.Key) ++next;
+    // Another key of the same hash may have come between two lines of this one.
+    const OString* old = entry.Grows ? map->FindString(entry.Key, entry.Hash) : nullptr;
+    map->SetString(entry.Key, entry.Hash, ValueOfRun(first, next, old));
+    first = next;
   }
 }
 

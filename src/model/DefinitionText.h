@@ -21,6 +21,9 @@ namespace ostvt {
 
 class StringMap;
 
+// The samples are a hundredth of this. A larger text reads as empty.
+inline constexpr uint32_t kLargestDefinition = 4u << 20;
+
 class DefinitionText {
  public:
   // Takes a copy of `text`; any bytes do.
@@ -66,6 +69,7 @@ class DefinitionText {
   void SplitLines(const char* text, size_t size);
   void AddLine(Span line);
   void SplitEntries(Block* block);
+  static OString ValueOfRun(const Entry* const* first, const Entry* const* end, const OString* old);
 
   std::vector<char> Copy;
   std::vector<Span> Lines;

@@ -42,6 +42,14 @@ int32_t Limited(int64_t value) {
   return static_cast<int32_t>(std::clamp<int64_t>(value, INT32_MIN, INT32_MAX));
 }
 
+// MulDivRound, which keeps 32 bits of the quotient, and the quotient itself where it has more.
+int64_t WideMulDivRound(int32_t a, int32_t b, int32_t d) {
+  const int64_t product = static_cast<int64_t>(a) * b;
+  const int64_t half = d / 2;
+  const int64_t quotient = (product < 0 ? product - half : product + half) / d;
+  return Limited(quotient) == quotient ? MulDivRound(a, b, d) : quotient;
+}
+
 int64_t PowerOfTen(int32_t exponent) {
   int64_t power = 1;
   while (exponent-- > 0) power *= 10;
@@ -86,11 +94,15 @@ Measure Measure::Parse(const OString& text) {
 
   if (number.Find('.') < 0) {
     const int32_t value = number.ToInt();
-    if (unit->IsPoint) return Measure(MulDivRound(value, unit->PerWhole, kPointsPerInch));
+    if (unit->IsPoint) {
+      return Measure(Limited(WideMulDivRound(value, unit->PerWhole, kPointsPerInch)));
+    }
     return Measure(Limited(static_cast<int64_t>(value) * unit->PerWhole));
   }
   const int64_t value = ReadFixedPoint(number, unit->Decimals);
-  if (unit->IsPoint) return Measure(MulDivRound(Limited(value), unit->PerFraction, kPointsPerInch));
+  if (unit->IsPoint) {
+    return Measure(Limited(WideMulDivRound(Limited(value), unit->PerFraction, kPointsPerInch)));
+  }
   return Measure(Limited(value * unit->PerFraction));
 }
 
@@ -111,7 +123,7 @@ OString Measure::Format(const OString& form) const {
     over /= 10;
   }
   const int64_t scaled =
-      MulDivRound(Value, static_cast<int32_t>(times), static_cast<int32_t>(over));
+      WideMulDivRound(Value, static_cast<int32_t>(times), static_cast<int32_t>(over));
 
   const int64_t magnitude = std::abs(scaled);
   const auto whole = static_cast<int32_t>(magnitude / one);

@@ -15,7 +15,7 @@ class Measure {
   static Measure FromMicrons(int32_t microns);
   // A number and a unit: "4.09 in", "10 mm", "1.5 cm", "15 mils", "72 pts". Units are found without
   // regard to case; any word that begins "in" is inches. Digits behind those that the unit keeps
-  // (thousandths; mils none) are cut off. Anything else gives 0.
+  // (three; cm four, mils none) are cut off. Anything else gives 0.
   static Measure Parse(const OString& text);
 
   constexpr int32_t Units() const { return Value; }

@@ -48,18 +48,25 @@ TEST_F(SpoolerProcess, OfSeveralThatAddAPrinterAtOnceOneDoes) {
   for (int round = 0; round < 15; ++round) {
     const std::u16string name = Numbered(u"Race ", round);
     int gate[2];
+    int ready[2];
     ASSERT_EQ(0, pipe(gate));
+    ASSERT_EQ(0, pipe(ready));
     pid_t children[kProcesses];
     for (int i = 0; i < kProcesses; ++i) {
       children[i] = fork();
       if (children[i] != 0) continue;
       close(gate[1]);
-      char byte;
+      char byte = 0;
+      HasPrinter(name);  // opens the store
+      if (write(ready[1], &byte, 1) != 1) _exit(2);
       if (read(gate[0], &byte, 1) != 0) _exit(2);  // the gate opens when its other end closes
       _exit(AddPrinter({name, DriverName(), Numbered(u"port", i), u""}) ? 1 : 0);
     }
-    close(gate[0]);
-    close(gate[1]);
+    char byte;
+    for (int i = 0; i < kProcesses; ++i) {
+      ASSERT_EQ(1, read(ready[0], &byte, 1));
+    }
+    for (int end : {gate[0], gate[1], ready[0], ready[1]}) close(end);
     int added = 0;
     std::u16string port;
     for (int i = 0; i < kProcesses; ++i) {

@@ -4,7 +4,15 @@
 
 namespace ostvt::platform {
 
-uint32_t TickCount() { return GetTickCount(); }
+namespace {
+
+uint32_t (*tickSource)() = nullptr;
+
+}  // namespace
+
+void SetTickSourceForTests(uint32_t (*source)()) { tickSource = source; }
+
+uint32_t TickCount() { return tickSource ? tickSource() : GetTickCount(); }
 
 uint64_t FileTimeFromDos(uint16_t dosDate, uint16_t dosTime) {
   FILETIME local, time;
