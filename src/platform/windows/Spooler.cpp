@@ -13,6 +13,8 @@ namespace {
 constexpr int kTries = 4;
 // No record or list is as long as this; a spooler that asks for more is not obeyed.
 constexpr DWORD kLongestBlock = 1 << 20;
+// Most records fit this, so that one call gets them; a spooler call is a trip to another process.
+constexpr DWORD kUsualBlock = 8192;
 
 wchar_t* Mutable(const char16_t* text) { return const_cast<wchar_t*>(AsWide(text)); }
 
@@ -22,10 +24,14 @@ class SpoolerBlock {
   // `get(buffer, size, needed)` is the call. False leaves the block empty.
   template <typename Get>
   bool Fill(Get get) {
+    Bytes.assign(kUsualBlock, 0);
     for (int i = 0; i < kTries; i++) {
       DWORD needed = 0;
-      if (get(Bytes.data(), static_cast<DWORD>(Bytes.size()), &needed) && !Bytes.empty())
-        return true;
+      if (get(Bytes.data(), static_cast<DWORD>(Bytes.size()), &needed)) {
+        // What lies behind the record is none of it; pointers into the block stay good.
+        if (needed < Bytes.size()) Bytes.resize(needed);
+        return needed > 0;
+      }
       if (needed <= Bytes.size() || needed > kLongestBlock ||
           GetLastError() != ERROR_INSUFFICIENT_BUFFER)
         break;
