@@ -1,5 +1,6 @@
 // Any bytes as a definition member: each section that it seems to have is read, and compared with
 // what a plain walk over the lines gives.
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <map>
@@ -70,11 +71,13 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   ReadSection(&definition, text, "X");
   ReadSection(&definition, text, ".default");
   size_t sections = 0;
-  for (size_t at = text.find("\n["); at != std::string::npos && sections < 8;
-       at = text.find("\n[", at + 1), ++sections) {
-    const size_t end = text.find(']', at);
+  // A line feed in front makes the first line one like the others.
+  const std::string lines = "\n" + text;
+  for (size_t at = lines.find("\n["); at != std::string::npos && sections < 8;
+       at = lines.find("\n[", at + 1), ++sections) {
+    const size_t end = lines.find(']', at);
     if (end == std::string::npos) break;
-    const std::string section = text.substr(at + 2, end - at - 2);
+    const std::string section = lines.substr(at + 2, end - at - 2);
     // A section's name is a text of its own: it ends at a NUL, and no line has a CR.
     if (section.find_first_of(std::string("\0\r", 2)) != std::string::npos) continue;
     ReadSection(&definition, text, section);

@@ -18,5 +18,14 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   if (formatted.IsEmpty()) __builtin_trap();
   const int64_t back = Measure::Parse(formatted).Units();
   if (back - length.Units() > 5 || back - length.Units() < -5) __builtin_trap();
+  // With all decimals the number is exact, whatever the length.
+  const std::string exact = length.Format("0.6 mm").GetNarrow();
+  if ((exact[0] == '-') != (length.Units() < 0)) __builtin_trap();
+  int64_t digits = 0;
+  for (char character : exact) {
+    if (character >= '0' && character <= '9') digits = digits * 10 + (character - '0');
+  }
+  const int64_t magnitude = length.Units() < 0 ? -int64_t{length.Units()} : length.Units();
+  if (digits != magnitude * 100) __builtin_trap();
   return 0;
 }

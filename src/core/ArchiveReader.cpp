@@ -172,8 +172,7 @@ bool ArchiveReader::Expand(ArchiveMember* member) {
   return true;
 }
 
-const uint8_t* ArchiveReader::GetMemberData(const OString& name, uint32_t* size,
-                                            uint32_t largest) {
+const uint8_t* ArchiveReader::GetMemberData(const OString& name, uint32_t* size, uint32_t largest) {
   platform::LockGuard guard(Lock);
   const ArchiveMember* member = FindMember(name, largest);
   if (size != nullptr) *size = member != nullptr ? member->DataSize : 0;

@@ -48,38 +48,44 @@ bool FailForRoom(int32_t* size, int32_t needed) {
 
 bool ConvertDevMode(const void* input, void* output, int32_t* size, bool toOldForm) {
   bool hasHead = *size >= kDevModeHeadSize;
-  // The input is copied before the first write, since the two may be one block.
-  Buffer source;
   uint16_t inputSize = 0;
   uint16_t inputExtra = 0;
   if (input) {
     inputSize = ReadWord(input, offsetof(PublicDevMode, dmSize));
     inputExtra = ReadWord(input, offsetof(PublicDevMode, dmDriverExtra));
-    if (inputSize >= kDevModeHeadSize) {
-      source.Resize(uint32_t{inputSize} + inputExtra);
-      MoveBytes(source.Data, input, source.Size);
-    }
+  }
+  uint16_t outputSize = 0;
+  if (toOldForm) {
+    outputSize = kOldPublicSize;
+  } else if (hasHead) {
+    outputSize = ReadWord(output, offsetof(PublicDevMode, dmSize));
+  }
+  bool areSizesSound = inputSize >= kDevModeHeadSize && outputSize >= kDevModeHeadSize;
+  int32_t needed = outputSize + inputExtra;
+  uint16_t common = inputSize < outputSize ? inputSize : outputSize;
+  // What is converted is copied before the first write, since the two may overlap. A call that
+  // fails reads no more of the input than its head, whatever that says of the rest.
+  Buffer source;
+  if (hasHead && areSizesSound && *size >= needed) {
+    source.Resize(uint32_t{common} + inputExtra);
+    MoveBytes(source.Data, input, common);
+    MoveBytes(source.Data + common, static_cast<const uint8_t*>(input) + inputSize, inputExtra);
   }
   if (toOldForm && hasHead) {
     WriteWord(output, offsetof(PublicDevMode, dmSpecVersion), kOldSpecVersion);
     WriteWord(output, offsetof(PublicDevMode, dmSize), kOldPublicSize);
   }
   if (!input) return Fail(platform::kErrorInvalidParameter);
-  if (!hasHead) return Fail(platform::kErrorInsufficientBuffer);
-  uint16_t outputSize = ReadWord(output, offsetof(PublicDevMode, dmSize));
-  if (outputSize < kDevModeHeadSize || inputSize < kDevModeHeadSize) {
-    return Fail(platform::kErrorInvalidParameter);
-  }
-  int32_t needed = outputSize + inputExtra;
+  if (!hasHead) return FailForRoom(size, areSizesSound ? needed : *size);
+  if (!areSizesSound) return Fail(platform::kErrorInvalidParameter);
   if (*size < needed) return FailForRoom(size, needed);
 
   uint16_t specVersion = ReadWord(output, offsetof(PublicDevMode, dmSpecVersion));
-  uint16_t common = inputSize < outputSize ? inputSize : outputSize;
   FillBytes(output, 0, outputSize);
   CopyBytes(output, source.Data, common);
   WriteWord(output, offsetof(PublicDevMode, dmSpecVersion), specVersion);
   WriteWord(output, offsetof(PublicDevMode, dmSize), outputSize);
-  CopyBytes(static_cast<uint8_t*>(output) + outputSize, source.Data + inputSize, inputExtra);
+  CopyBytes(static_cast<uint8_t*>(output) + outputSize, source.Data + common, inputExtra);
   *size = needed;
   return true;
 }

@@ -58,8 +58,7 @@ void OSTVT_API DAL_Settings_Save(void* session) {
   if (session) AsSession(session)->Save();
 }
 
-// A session has no port of its own to send to, and no lists that a settings file could hold: files
-// are neither read nor written.
+// A session neither sends to its printer nor keeps its settings in files: these leave all as it is.
 void OSTVT_API DAL_Printer_SendFile(void*, const char16_t*) {}
 void OSTVT_API DAL_Settings_Export(void*, const char16_t*, uint32_t) {}
 void OSTVT_API DAL_Settings_Import(void*, const char16_t*, uint32_t) {}

@@ -18,19 +18,49 @@ extern "C" {
 int32_t OSTVT_API DllInitialize(void* instance, uint32_t reason, void* reserved);
 // Always 1: every job may print.
 int32_t OSTVT_API DevQueryPrintEx(void* record);
-// 1 for the events that the module takes, else 0.
+// By `escape`: 1 before and 2 after a device context is made, 5 a document starts, 12 it has ended:
+// 1; any other: 0. 2 and 5 send an escape to `dc`. `input` is used with 5 only: there it is the
+// address, `sizeIn` bytes, of a pointer to the job's DOCINFOW, which states its own size. `output`
+// is never written.
 int32_t OSTVT_API DrvDocumentEvent(void* printer, void* dc, int32_t escape, uint32_t sizeIn,
                                    void* input, uint32_t sizeOut, void* output);
+// Bool. Event 1, a client connects: 0 only where this driver doesn't run on the system, of which
+// the user is told. Event 3, the printer was created: its stored device mode becomes this driver's;
+// 0 when it can't be opened with all access or its model is unknown, and where the driver doesn't
+// run: the user is told and the printer marked. Other events: 0. `flags` and `lparam` are not used.
 int32_t OSTVT_API DrvPrinterEvent(const char16_t* printerName, int32_t event, uint32_t flags,
                                   intptr_t lparam);
-// Error numbers: 87 (no such printer), 2001 (the system is too new for this driver's directory).
+// Bool: the driver of a printer was replaced, so its stored device mode and definitions are made
+// anew. `upgradeInfo` is a DriverUpgradeInfo whatever the level. Error numbers: 87 (no record, no
+// such printer), 2001 (the system is too new for this driver's directory); none when the model is
+// unknown.
 int32_t OSTVT_API DrvUpgradePrinter(uint32_t level, void* upgradeInfo);
-// Sizes in bytes. Nothing outside `*sizeInOut` bytes of `output` is touched. Error numbers: 87,
-// 122.
+// Bool, sizes in bytes. Nothing outside `*sizeInOut` bytes of `output` is touched; without `output`
+// `*sizeInOut` becomes 1516. Mode 1 fits `input` into the public size that `output` states, mode 2
+// into the old one of 188 bytes; mode 4 gives the printer's default and needs 1516 bytes. Only mode
+// 4 uses the name. Error numbers: 87 (a record is missing or states a public size below 72), 122
+// (`*sizeInOut` is then what is needed, see ConvertDevMode.h); other modes and printers that can't
+// be had fail without one.
 int32_t OSTVT_API DrvConvertDevMode(const char16_t* printerName, const void* input, void* output,
                                     int32_t* sizeInOut, uint32_t mode);
+// One call for each step of a sheet, by `info`'s Reason: 0 begins, 1 `lparam` is a
+// PropSheetUiInfoHeader to fill, 3 `lparam` is a SetResultInfo, 2 ends; `lParamInit` is a
+// DevicePropertyHeader. 1, or -1 when a record or the session is missing. UserData is the session,
+// made with reason 0: the host keeps it and only hands it back, the module frees it with reason 2.
+// All steps on one thread; the header's printer stays open until the last.
 int32_t OSTVT_API DrvDevicePropertySheets(ostvt::PropSheetUiInfo* info, intptr_t lparam);
+// The same with a DocumentPropertyHeader; without one 0, and reason 2 gives 1 even without a
+// session. On OK (result 1) with bit 0 or 1 of fMode `pdmOut` gets 1516 bytes; where it is `pdmIn`
+// itself, only the fields inside the sizes that this states. Bit 0 stores the device mode with the
+// printer too. On cancel (0) with bit 1 `pdmOut` gets the 1516 bytes as they were at the start.
+//
+// With `info` null `lparam` is the header and no sheet is wanted. fMode 0 or no `pdmOut`: 1516,
+// also in cbOut, which is not read otherwise. Else 1, with 1516 bytes in `pdmOut` if fMode has 2
+// (8: `pdmIn`, of which no more is read than its header states, merged in); 0 for an unknown model.
 int32_t OSTVT_API DrvDocumentPropertySheets(ostvt::PropSheetUiInfo* info, intptr_t lparam);
+// The platform's indexes 1 to 33. A count, a number, or 0xFFFFFFFF for an index or a printer that
+// is not known. `output` null asks for the count; else it has room for that many items. The name
+// wins over the handle where it is not empty. `devMode` counts for indexes 8 to 11 only.
 uint32_t OSTVT_API DrvDeviceCapabilities(void* printer, const char16_t* deviceName,
                                          uint16_t capability, void* output, const void* devMode);
 // Always 0: this is no port monitor.

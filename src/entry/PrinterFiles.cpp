@@ -2,7 +2,7 @@
 
 namespace ostvt {
 
-// No model of this family has any.
+// Factory settings and companion files are no part of this module's models.
 void InstallPrinterFiles(platform::PrinterHandle) {}
 
 }  // namespace ostvt

@@ -8,6 +8,7 @@
 #include "model/PrinterModel.h"
 #include "platform/Module.h"
 #include "settings/DriverSession.h"
+#include "settings/InitialDevMode.h"
 #include "settings/StockPapers.h"
 #include "store/PrinterId.h"
 
@@ -42,9 +43,13 @@ int32_t GetDocumentDevMode(DocumentPropertyHeader* header) {
   if (!model) return 0;
   DevMode devMode;
   devMode.Allocate();
-  int32_t size = kDevModeSize;
-  if (!GetDriverDefault(printerId.GetFullName().GetWide(), devMode.GetBlock(), &size)) {
-    devMode.SetDefaults(model.get());
+  // A stored default is not believed beyond its public part where its private part is foreign:
+  // nothing could be merged into such a record.
+  if (!LoadInitialDevMode(model.get(), &devMode)) {
+    int32_t size = kDevModeSize;
+    if (!GetDriverDefault(printerId.GetFullName().GetWide(), devMode.GetBlock(), &size)) {
+      devMode.SetDefaults(model.get());
+    }
   }
   StockPapers papers(model.get());
   MergeStoredDevMode(&devMode, printerId, model.get(), &papers);

@@ -117,10 +117,11 @@ int32_t ApplySheetResult(PropSheetUiInfo* info, const SetResultInfo* setResult,
   if (!session || !setResult) return kSheetFailure;
   if (header && !session->DevModeBuffer.IsEmpty()) {
     if (setResult->Result == kResultOk && (header->fMode & (kModeUpdate | kModeCopy))) {
-      CallerBlock target(header->pdmOut);
-      if (header->pdmIn == header->pdmOut && target.GetSize() > 0) {
+      if (header->pdmIn == header->pdmOut) {
+        // The caller's own block has no more room than it states, at worst none.
+        CallerBlock target(header->pdmOut);
         StockPapers papers(session->Model);
-        target.Merge(session->DevModeBuffer, session->Model, &papers);
+        if (target.GetSize() > 0) target.Merge(session->DevModeBuffer, session->Model, &papers);
       } else if (header->pdmOut) {
         session->DevModeBuffer.CopyTo(header->pdmOut, kDevModeSize);
       }
@@ -137,9 +138,7 @@ int32_t ApplySheetResult(PropSheetUiInfo* info, const SetResultInfo* setResult,
 }
 
 void EndSheet(PropSheetUiInfo* info) {
-  DriverSession* session = SessionOf(info);
-  RemoveSheetHook(session);
-  delete session;
+  delete SessionOf(info);
   info->UserData = 0;
 }
 

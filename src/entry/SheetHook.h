@@ -8,10 +8,9 @@ namespace ostvt {
 
 class DriverSession;
 
-// Nothing where there are no windows.
+// Nothing where there are no windows. The session's end removes the hook, by its AtEnd.
 void InstallSheetHook(DriverSession* session);
-// Ends the watch and gives the page back, at the latest when the session goes. Null and sessions
-// without a hook are allowed.
+// Ends the watch and gives the page back. Null and sessions without a hook are allowed.
 void RemoveSheetHook(DriverSession* session);
 
 }  // namespace ostvt

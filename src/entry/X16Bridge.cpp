@@ -9,8 +9,8 @@ void OSTVT_API X16_Install(const char16_t* printerName) {
   if (printer.IsOpen()) InstallPrinterFiles(printer.Handle());
 }
 
-// Without a partner in this process, and with no configuration shared, each of these leaves all as
-// it is.
+// This module neither shares a server's configuration nor renders images, and has no channel to a
+// 16-bit partner: each of these leaves all as it is.
 void OSTVT_API X16_CreateShadow(const char16_t*) {}
 void OSTVT_API X16_CommitShadow(const char16_t*) {}
 void OSTVT_API X16_ImageDither_Dither(void*) {}

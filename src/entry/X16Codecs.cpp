@@ -63,7 +63,10 @@ int32_t OSTVT_API X16_LZ77_RawEncode(const void* input, uint32_t inputLength, vo
 
 int32_t OSTVT_API X16_LZ77_RawDecode(const void* input, uint32_t inputLength, void* output,
                                      uint32_t* length) {
-  return Run(LZ77::RawDecode, input, inputLength, output, length);
+  // Unlike the others it has use for no room at all: whether the stream holds nothing.
+  uint8_t nothing = 0;
+  bool isEmpty = length && *length == 0;
+  return Run(LZ77::RawDecode, input, inputLength, isEmpty ? &nothing : output, length);
 }
 
 uint16_t OSTVT_API X16_CRC16(const void* data, uint32_t length, uint16_t seed) {

@@ -1,18 +1,13 @@
 #include "model/CapabilitiesDataBuilder.h"
 
-#include "model/ModelDefinition.h"
 #include "model/RecordText.h"
+#include "model/SectionReader.h"
 #include "model/Symbologies.h"
 
 namespace ostvt {
 namespace {
 
 constexpr int32_t kDefaultFontWeight = 400;
-
-struct WordBit {
-  const char* Word;
-  uint32_t Bit;
-};
 
 constexpr WordBit kRestrictedMethods[] = {{"Serialization", kRestrictsSerialization},
                                           {"VariableData", kRestrictsVariableData},
@@ -32,10 +27,10 @@ constexpr WordBit kRatios[] = {{"Variable", kRatioVariable},
                                {"14:5", 0x400000},
                                {"3:1", 0x800000}};
 
-class Builder {
+class Builder : private SectionReader {
  public:
   Builder(ModelDefinition& definition, CapabilitiesData& record)
-      : Definition(definition), Record(record) {}
+      : SectionReader(definition), Record(record) {}
 
   void WriteFrame();
   void ReadDrawing();
@@ -44,8 +39,6 @@ class Builder {
   void ReadDefaultFont(const OString& prefix, DefaultFontRecord* font);
 
  private:
-  bool Flag(const char* key) { return Definition.GetBoolEx(key); }
-  bool Has(const char* key, const char* word) { return Definition.ListContainsEx(key, word); }
   bool StartsWithLines(const char* key) { return Definition.GetStringEx(key).Left(5) == "Lines"; }
   uint16_t ReadLineFlags();
   uint16_t ReadBoxFlags();
@@ -54,7 +47,6 @@ class Builder {
   template <size_t N>
   uint32_t RowBits(const OString& name, const char* word, const WordBit (&words)[N]);
 
-  ModelDefinition& Definition;
   CapabilitiesData& Record;
 };
 
@@ -156,9 +148,8 @@ void Builder::ReadRow(int32_t number) {
 void Builder::ReadDefaultFont(const OString& prefix, DefaultFontRecord* font) {
   font->Weight = StoreWord(Definition.GetIntEx(prefix + ".Weight", kDefaultFontWeight));
   font->Size = StoreWord(Definition.GetIntEx(prefix + ".Size"));
-  const OString name = Definition.GetStringEx(prefix + ".Name");
-  if (name.IsEmpty()) return;
-  StoreText(font->Name, Definition.ModelData.FontsPrefix + (" " + name));
+  StoreText(font->Name,
+            Definition.ModelData.FontsPrefix + (" " + Definition.GetStringEx(prefix + ".Name")));
 }
 
 }  // namespace

@@ -22,7 +22,7 @@ struct SymbologyCapability {
 struct DefaultFontRecord {
   uint16_t Weight;
   uint16_t Size;
-  char Name[32];
+  char Name[32];  // the maker's prefix, a blank, then the definition's name, which may be empty
 };
 
 inline constexpr uint16_t kSymbologyRows = 38;
@@ -66,7 +66,6 @@ inline constexpr uint32_t kRestrictsStatic = 0x20000000;
 inline constexpr uint32_t kRestrictsTemplateFile = 0x10000000;
 // "Variable"; the bits above it, up to 0x800000, are the fixed ratios from 2:1 to 3:1.
 inline constexpr uint32_t kRatioVariable = 0x1000;
-inline constexpr uint32_t kRatioMask = 0x00FFF000;
 
 inline constexpr uint16_t kLineSupported = 1;
 inline constexpr uint16_t kLineColor = 2;

@@ -1,7 +1,7 @@
 #include "model/ModelDataBuilder.h"
 
-#include "model/ModelDefinition.h"
 #include "model/RecordText.h"
+#include "model/SectionReader.h"
 #include "model/SpecificationOptions.h"
 
 namespace ostvt {
@@ -9,15 +9,10 @@ namespace {
 
 constexpr int32_t kThicknessMaximum = 32767;
 
-struct WordBit {
-  const char* Word;
-  uint16_t Bit;
-};
-
-class Builder {
+class Builder : private SectionReader {
  public:
   Builder(ModelDefinition& definition, ModelData& record)
-      : Definition(definition), Record(record) {}
+      : SectionReader(definition), Record(record) {}
 
   void ReadModel();
   void ReadDrawing();
@@ -28,9 +23,7 @@ class Builder {
   void ApplyOptions();
 
  private:
-  bool Flag(const char* key) { return Definition.GetBoolEx(key); }
   uint8_t Byte(const char* key) { return Flag(key) ? 1 : 0; }
-  bool Has(const char* key, const char* word) { return Definition.ListContainsEx(key, word); }
   Measure Length(const char* key) { return Definition.GetMeasureEx(key); }
   bool Is(const char* key, const char* word) {
     return Definition.GetStringEx(key).CompareNoCase(word) == 0;
@@ -38,8 +31,6 @@ class Builder {
   uint8_t Alignment(const char* key) {
     return ModelDefinition::ParseAlignment(Definition.GetStringEx(key));
   }
-  template <size_t N>
-  uint16_t Bits(const char* key, const WordBit (&words)[N]);
   uint16_t ReadColorFlags();
   uint16_t ReadTextFlags();
   uint16_t ReadDownloadFlags();
@@ -48,20 +39,8 @@ class Builder {
   void ReadUnprintableWidth();
   void ReadResolutions();
 
-  ModelDefinition& Definition;
   ModelData& Record;
 };
-
-template <size_t N>
-uint16_t Builder::Bits(const char* key, const WordBit (&words)[N]) {
-  OStringArray list;
-  Definition.GetListEx(key, &list);
-  uint32_t bits = 0;
-  for (const WordBit& entry : words) {
-    if (DefinitionFile::Contains(list, entry.Word)) bits |= entry.Bit;
-  }
-  return static_cast<uint16_t>(bits);
-}
 
 uint16_t Builder::ReadColorFlags() {
   if (!Flag("Color")) return 0;
@@ -217,12 +196,14 @@ void Builder::ApplyOptions() {
   Record.MinimumY = Measure::FromMicrons(options.MinimumPageLength);
   Record.MaximumY = Measure::FromMicrons(options.MaximumPageLength);
   Record.PrintableX = Measure::FromMicrons(options.PrintableWidth);
-  Record.StockTracking = static_cast<uint8_t>(options.Tracking);
-  // An axis that is not given keeps the model's value: a model without any resolution prints
-  // nothing.
+  // What is no answer keeps the model's value: there are three ways of tracking, and a model
+  // without any resolution prints nothing.
+  if (options.Tracking >= kTrackingRight && options.Tracking <= kTrackingCenter) {
+    Record.StockTracking = static_cast<uint8_t>(options.Tracking);
+  }
   ResolutionPair first = Record.Resolutions[0];
-  if (options.ResolutionX != 0) first.X = StoreWord(options.ResolutionX);
-  if (options.ResolutionY != 0) first.Y = StoreWord(options.ResolutionY);
+  if (options.ResolutionX > 0) first.X = StoreWord(options.ResolutionX);
+  if (options.ResolutionY > 0) first.Y = StoreWord(options.ResolutionY);
   if (first.X == Record.Resolutions[0].X && first.Y == Record.Resolutions[0].Y) return;
   for (ResolutionPair& pair : Record.Resolutions) pair = ResolutionPair{};
   Record.Resolutions[0] = first;

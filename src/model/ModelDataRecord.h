@@ -57,7 +57,7 @@ struct ModelData {
   uint8_t JobMonitoringDefault;
   uint8_t StatusMonitorDefault;
   uint16_t StatusPorts;           // kPort...
-  ResolutionPair Resolutions[8];  // unused pairs are zero and stand behind the used ones
+  ResolutionPair Resolutions[8];  // as listed; the first with a zero in it ends them
 };
 
 inline constexpr uint32_t kModelDataSize = 184;

@@ -1,5 +1,8 @@
 #include "model/ModelDefinition.h"
 
+#include <string>
+
+#include "core/Crc.h"
 #include "model/ArchiveCache.h"
 #include "model/Caches.h"
 #include "model/CapabilitiesDataBuilder.h"
@@ -20,6 +23,7 @@ ModelDefinition::ModelDefinition(PrinterId& printerId)
   OString maker = printerId.GetOemCode();
   StoreText(OemTag, "o" + maker);
   StoreText(FamilyCode, printerId.GetFamilyCode());
+  DriverHash = HashOfDriver();
   if (!maker.IsEmpty()) {
     maker.MakeUpper();
     KeySuffix = "(" + maker + ")";
@@ -171,15 +175,28 @@ uint8_t ModelDefinition::ParseAlignment(const OString& word) {
 
 OString ModelDefinition::RecordKey(const char* name) const { return PrinterName + ":" + name; }
 
+// Of all that chooses the definitions.
+uint32_t ModelDefinition::HashOfDriver() const {
+  uint32_t hash = CRC32(OemTag, sizeof OemTag, 0);
+  hash = CRC32(FamilyCode, sizeof FamilyCode, hash);
+  for (const OString* text : {&DriverName, &DriverDirectory}) {
+    const char16_t* wide = text->GetWide();
+    const size_t units = std::char_traits<char16_t>::length(wide) + 1;
+    hash = CRC32(wide, static_cast<uint32_t>(units * sizeof *wide), hash);
+  }
+  return hash == RecordCache::kAnyDriver ? 1 : hash;
+}
+
 void ModelDefinition::LoadModelData() {
-  const uint32_t generation = Store.ReadDword("MODEL:Synchronization", 0);
+  ForgetModelPath();
+  Generation = Store.ReadDword("MODEL:Synchronization", 0);
   RecordCache* cache = TheRecordCache();
   if (!cache) return BuildModelData(this, &ModelData);
   platform::LockGuard guard(cache->Lock);
-  cache->SetGeneration(generation);
-  if (cache->Get(ModelDataKey, &ModelData, sizeof ModelData)) return;
+  cache->SetGeneration(Generation);
+  if (cache->Get(ModelDataKey, &ModelData, sizeof ModelData, DriverHash)) return;
   BuildModelData(this, &ModelData);
-  cache->Put(ModelDataKey, &ModelData, sizeof ModelData);
+  cache->Put(ModelDataKey, &ModelData, sizeof ModelData, DriverHash);
 }
 
 template <typename Record>
@@ -194,10 +211,11 @@ const Record* ModelDefinition::LoadRecord(const char* name, Record** record,
   }
   const OString key = RecordKey(name);
   platform::LockGuard guard(cache->Lock);
-  if (!cache->Get(key, *record, sizeof **record)) {
-    build(this, *record);
-    cache->Put(key, *record, sizeof **record);
-  }
+  // What this session reads may be older than what later ones do: it keeps its records to itself.
+  const bool isCurrent = cache->GetGeneration() == Generation;
+  if (isCurrent && cache->Get(key, *record, sizeof **record, DriverHash)) return *record;
+  build(this, *record);
+  if (isCurrent) cache->Put(key, *record, sizeof **record, DriverHash);
   return *record;
 }
 

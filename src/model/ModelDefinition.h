@@ -38,7 +38,8 @@ class ModelDefinition : public DefinitionFile {
   explicit ModelDefinition(PrinterId& printerId);
   ~ModelDefinition() override;
 
-  // Chooses the archives; the operations below call it. Once per object.
+  // Chooses the archives, once per object. Selecting a context calls it; what is read before either
+  // finds nothing, then and later.
   void OpenArchive();
   // The path of the section that the current one names by `key`. An administrator's value
   // "Settings:Table/KEY" wins; it names a section of the file KEY.
@@ -64,7 +65,8 @@ class ModelDefinition : public DefinitionFile {
   // "Baseline/Right" 5; anything else 0. Case is ignored.
   static uint8_t ParseAlignment(const OString& word);
 
-  // Drops every record of the process if the store says that some model has changed since.
+  // Looks the model's section up anew. Drops every record of the process if the store says that
+  // some model has changed since.
   void LoadModelData();
   const ostvt::DriverInfo* GetDriverInfo();
   const ostvt::ManufacturerInfo* GetManufacturerInfo();
@@ -86,10 +88,13 @@ class ModelDefinition : public DefinitionFile {
   const Record* LoadRecord(const char* name, Record** record,
                            void (*build)(ModelDefinition*, Record*));
   OString RecordKey(const char* name) const;
+  uint32_t HashOfDriver() const;
   void SelectLink(const char* key);
 
   OString DriverDirectory;
   OString ModelDataKey;
+  uint32_t DriverHash;      // tells records of this printer's drivers apart
+  uint32_t Generation = 0;  // that of the cache when ModelData was loaded
   ostvt::DriverInfo* DriverInfo = nullptr;
   ostvt::ManufacturerInfo* ManufacturerInfo = nullptr;
   CapabilitiesData* Capabilities = nullptr;

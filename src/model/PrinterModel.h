@@ -2,7 +2,8 @@
 //
 // Made by CreatePrinterModel, deleted by its maker; lives as long as a session or one spooler call.
 // All questions are answered from complete records: a model without a definition has zeros and
-// defaults. Records and texts handed out as pointers are valid for the object's life. One thread.
+// defaults. Records and texts handed out as pointers are valid for the object's life, and change
+// with Invalidate() only. One thread.
 // OpenCaches() (model/Caches.h) must have run before a model is opened.
 #pragma once
 
@@ -160,11 +161,13 @@ class PrinterModel {
   void ApplyStatusDefaults();
   // After a change that the records depend on: clears what the store keeps for the model, makes
   // every process drop its records the next time it opens a model, and builds ModelData anew.
-  // Records that were already handed out keep their content.
+  // That changes what GetModelData and its texts were handed out as; the records behind other
+  // pointers keep their content.
   void Invalidate();
 
   // The answer to the spooler. `output` may be null, which asks for the count alone; otherwise it
-  // has room for what that count promised. `devMode`, for kCapabilitySize to kCapabilityDriver, is
+  // has room for what that count promised, 4 bytes for the two extents, whose answer is no count.
+  // `devMode`, for kCapabilitySize to kCapabilityDriver, is
   // null or a device mode of at least 72 bytes. `papers` may be null: no papers. -1 for an unknown
   // question.
   int32_t GetDeviceCapability(int32_t capability, void* output, const void* devMode,

@@ -16,14 +16,15 @@ constexpr char16_t kBinName[] = u"Internal Spool";
 constexpr int32_t kLandscapeRotation = 90;
 constexpr int32_t kBinAdjust = 2;
 
-// Room of one name in an answer, in 16-bit units. A name that fills it has no terminator.
+// Room of one name in an answer, in 16-bit units. A name that fills it has no terminator; it is not
+// cut inside a character.
 constexpr int32_t kFileNameUnits = 64;
 constexpr int32_t kPaperNameUnits = 64;
 constexpr int32_t kBinNameUnits = 24;
 constexpr int32_t kPersonalityUnits = 32;
 
 // Answers to the header questions without a device mode.
-constexpr int32_t kDevModeSize = 220;
+constexpr int32_t kPublicDevModeSize = 220;
 constexpr int32_t kDevModeExtra = 1296;
 constexpr int32_t kDevModeSpecVersion = 1025;
 constexpr int32_t kDevModeDriverVersion = kDriverInfoValue1 << 8 | kDriverInfoValue2;
@@ -41,12 +42,16 @@ void Put(void* output, int32_t index, T value) {
             sizeof value);
 }
 
+bool IsHighSurrogate(char16_t unit) { return (unit & 0xFC00) == 0xD800; }
+bool IsLowSurrogate(char16_t unit) { return (unit & 0xFC00) == 0xDC00; }
+
 void PutName(void* output, int32_t slot, int32_t slotUnits, const OString& name) {
   if (!output) return;
   const char16_t* text = name.GetWide();
   const int32_t first = slot * slotUnits;
   for (int32_t i = 0; i < slotUnits; ++i) {
-    Put<char16_t>(output, first + i, *text);
+    const bool isCut = i == slotUnits - 1 && IsHighSurrogate(text[0]) && IsLowSurrogate(text[1]);
+    Put<char16_t>(output, first + i, isCut ? u'\0' : *text);
     if (*text != 0) ++text;
   }
 }
@@ -109,7 +114,7 @@ int32_t PrinterModel::GetDeviceCapability(int32_t capability, void* output, cons
     case kCapabilityStaple:
       return 0;
     case kCapabilitySize:
-      return HeaderWord(devMode, kSizeOffset, kDevModeSize);
+      return HeaderWord(devMode, kSizeOffset, kPublicDevModeSize);
     case kCapabilityExtra:
       return HeaderWord(devMode, kDriverExtraOffset, kDevModeExtra);
     case kCapabilityVersion:

@@ -9,14 +9,14 @@ namespace ostvt {
 
 struct SpecificationOptions {
   bool Override = false;    // the figures below stand in for the model's
-  int32_t ResolutionX = 0;  // dots per inch; 0: not given
+  int32_t ResolutionX = 0;  // dots per inch; 0 or less: not given
   int32_t ResolutionY = 0;
   int32_t PrintableWidth = 0;  // micrometres, like all lengths here
   int32_t MinimumPageWidth = 0;
   int32_t MaximumPageWidth = 0;
   int32_t MinimumPageLength = 0;
   int32_t MaximumPageLength = 0;
-  int32_t Tracking = 0;
+  int32_t Tracking = 0;  // kTracking...; any other: not given
   bool DisableCopiesLimit = false;
 };
 

@@ -31,6 +31,8 @@ class StringMap : public NameMap {
   void ExpectMore(int32_t count);
 
  private:
+  using NameMap::Set;  // would take any pointer for a text of this map
+
   OString* NewValue();
 
   // The values lie in blocks of this many, since each is as small as a pointer.

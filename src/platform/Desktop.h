@@ -7,7 +7,12 @@ namespace ostvt::platform {
 bool HasDesktop();
 
 // A message box with no owner and the system's own caption; returns when the user has closed it.
-// Nothing without a desktop.
+// Nothing without a desktop. By the function set last, else by the system.
 void ShowMessage(const char16_t* text);
+
+// For tests, which nobody watches: takes the place of the system, desktop or not, until null is
+// set. Gives the one before, null for the system's. Not to be called while others show something.
+using MessageFunction = void (*)(const char16_t* text);
+MessageFunction SetMessageFunction(MessageFunction function);
 
 }  // namespace ostvt::platform

@@ -21,6 +21,7 @@ OString VersionTextOf(const char16_t* name) { return platform::VersionText(name)
 }  // namespace
 
 DriverSession::~DriverSession() {
+  if (AtEnd) AtEnd(this);
   if (Model && !NoShadowPush) Link.SetShadowBlocked(false);
   delete Model;
   FreeCounted(PageHandles);

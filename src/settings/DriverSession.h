@@ -97,6 +97,9 @@ class DriverSession {
   void** PageHandles = nullptr;
   int32_t PageCount = 0;
   SheetCallbackFunction SheetCallback = nullptr;
+  // Called first in the destructor, when what a family adds is gone already: whoever watches the
+  // session from outside lets go of it.
+  void (*AtEnd)(DriverSession* session) = nullptr;
   void* DialogArgument = nullptr;  // for the dialog being opened; the opener's
   StockList Stock;                 // empty until StockLoaded; see GetStock
   bool StockLoaded = false;

@@ -221,5 +221,24 @@ TEST_F(ArchiveReaderTest, ServesSeveralThreads) {
   EXPECT_EQ(0, wrong);
 }
 
+TEST_F(ArchiveReaderTest, MemberAboveTheCallersLimitIsNullWhetherItIsLoadedOrNot) {
+  Add(ZipBuilder().Add("x.d", "12345"));
+  uint32_t size = 7;
+  EXPECT_EQ(nullptr, Reader.GetMemberData("x.d", &size, 4));
+  EXPECT_EQ(0u, size);
+  EXPECT_NE(nullptr, Reader.GetMemberData("x.d", &size, 5));
+  EXPECT_EQ(5u, size);
+  EXPECT_EQ(nullptr, Reader.GetMemberData("x.d", &size, 4));
+  EXPECT_EQ("12345", Data("x.d"));
+}
+
+TEST_F(ArchiveReaderTest, LookupsAreCounted) {
+  Add(ZipBuilder().Add("x.d", "1"));
+  EXPECT_EQ(0u, Reader.GetLookupCount());
+  Reader.GetMemberData("x.d");
+  Reader.FindMember("none.d");
+  EXPECT_EQ(2u, Reader.GetLookupCount());
+}
+
 }  // namespace
 }  // namespace ostvt

@@ -251,5 +251,24 @@ TEST_F(DamagedArchiveTest, WrongByteInOneMemberLeavesTheOtherReadable) {
   }
 }
 
+// A look-up that stopped at the damage would call the members behind it missing.
+TEST_F(DamagedArchiveTest, BrokenDirectoryDoesNotHideTheArchivesBehindIt) {
+  ZipBuilder broken;
+  broken.Add("x.d", "text");
+  broken.EntryCount = 2;
+  Add(broken);
+  Add(broken, "b.ddz");
+  Add(ZipBuilder().Add("y.d", "other"), "c.ddz");
+  EXPECT_EQ("other", Data("y.d"));
+  EXPECT_EQ("text", Data("x.d"));
+}
+
+TEST_F(DamagedArchiveTest, VanishedArchiveDoesNotHideTheArchivesBehindIt) {
+  Add(ZipBuilder().Add("x.d", "1"));
+  Add(ZipBuilder().Add("y.d", "2"), "b.ddz");
+  ASSERT_TRUE(OFile::DeleteFile(PathOf("a.ddz")));
+  EXPECT_EQ("2", Data("y.d"));
+}
+
 }  // namespace
 }  // namespace ostvt

@@ -151,6 +151,37 @@ TEST(ConvertDevMode, RoomBelowTheHeadIsNotTouched) {
   }
 }
 
+// Nothing but the input's head is there; a call that fails has no use for more.
+TEST(ConvertDevMode, LyingHeaderIsNotFollowedByACallThatFails) {
+  GuardedBlock input(72, 0);
+  input.PutWord(kAtSize, 65535);
+  input.PutWord(kAtExtra, 65535);
+  for (uint32_t mode : {1u, 2u, 3u}) {
+    for (int32_t room : {0, 71, 72, 1516}) {
+      GuardedBlock output(room > 0 ? size_t(room) : 1, 0);
+      if (room >= 72) output.PutWord(kAtSize, 220);
+      int32_t size = room;
+      EXPECT_FALSE(Convert(input.Data(), output.Data(), &size, mode)) << mode << " " << room;
+      EXPECT_EQ(platform::LastErrorNumber(), mode == 3 ? kPoison : kTooSmall);
+    }
+  }
+  GuardedBlock small(72, 0);  // a public size that is none
+  int32_t size = 72;
+  EXPECT_FALSE(Convert(input.Data(), small.Data(), &size, 1));
+  EXPECT_EQ(platform::LastErrorNumber(), kInvalid);
+}
+
+TEST(ConvertDevMode, NeededSizeIsToldBelowTheHeadWhereItIsKnown) {
+  GuardedBlock input(Numbered(220, 10, 1));
+  GuardedBlock output(71, 0xEE);
+  int32_t size = 71;
+  EXPECT_FALSE(Convert(input.Data(), output.Data(), &size, 2));
+  EXPECT_EQ(size, 198);
+  size = 71;
+  EXPECT_FALSE(Convert(input.Data(), output.Data(), &size, 1));
+  EXPECT_EQ(size, 71);  // the output's own size lies beyond
+}
+
 TEST(ConvertDevMode, PublicSizeBelowTheHeadIsInvalid) {
   for (uint32_t stated : {0u, 1u, 71u}) {
     GuardedBlock good(Numbered(220, 10, 1));

@@ -193,6 +193,38 @@ TEST_F(DocumentDevMode, RandomInputGivesASoundBlock) {
   }
 }
 
+// Into such a private part no later device mode could be merged.
+TEST_F(DocumentDevMode, ForeignPrivatePartOfTheStoredDefaultIsNotTaken) {
+  AddPrinter();
+  std::vector<uint8_t> wanted = Ask(2);
+  const std::vector<uint8_t> good = DriverDefault();
+  std::mt19937 random(3);
+  for (bool isRandom : {true, false}) {
+    std::vector<uint8_t> stored = good;
+    if (isRandom) {
+      for (size_t i = 220; i < stored.size(); i++) stored[i] = static_cast<uint8_t>(random());
+    } else {
+      stored.at(1511) = 'x';  // another family's record
+      stored.at(1516 - 8 - 1124) ^= 0x5A;
+    }
+    PutWordAt(&stored, kAtCopies, 21);
+    ASSERT_EQ(Store().WriteBinary("DATA:Initial DevMode", stored.data(), 1516), 1516);
+    std::vector<uint8_t> block = Ask(2);
+    EXPECT_EQ(WordAt(block, kAtCopies), 21);  // the public part is believed
+    EXPECT_EQ(std::vector<uint8_t>(block.begin() + 220, block.end()),
+              std::vector<uint8_t>(wanted.begin() + 220, wanted.end()));
+  }
+}
+
+TEST_F(DocumentDevMode, StoredDefaultIsKeptAsItIs) {
+  AddPrinter();
+  std::vector<uint8_t> stored = DriverDefault();
+  PutWordAt(&stored, kAtCopies, 21);
+  ASSERT_EQ(Store().WriteBinary("DATA:Initial DevMode", stored.data(), 1516), 1516);
+  EXPECT_EQ(WordAt(Ask(2), kAtCopies), 21);
+  EXPECT_EQ(DriverDefault(), stored);
+}
+
 TEST_F(DocumentDevMode, FailingDriverDefaultIsReplacedByTheModels) {
   AddPrinter();
   std::vector<uint8_t> wanted = Ask(2);

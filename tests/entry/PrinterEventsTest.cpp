@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "entry/SupportedSystem.h"
+#include "platform/Desktop.h"
 #include "tests/entry/EntryFixture.h"
 
 namespace ostvt::test {
@@ -15,8 +16,19 @@ constexpr platform::SystemVersion kCurrent = {10, 0, 0};
 
 constexpr char16_t kMark[] = u"Self-Destruct Sequence Initiated";
 
+std::vector<std::u16string> shown;
+
 class PrinterEvents : public EntryTest {
  protected:
+  void SetUp() override {
+    EntryTest::SetUp();
+    shown.clear();
+    platform::SetMessageFunction([](const char16_t* text) { shown.push_back(text); });
+  }
+  void TearDown() override {
+    platform::SetMessageFunction(nullptr);
+    EntryTest::TearDown();
+  }
   // Bytes of the mark of a refused driver; empty without one.
   std::vector<uint8_t> Mark(uint32_t* type) {
     std::u16string path = u"SYSTEM\\CurrentControlSet\\Control\\Print\\Printers\\" + NameText() +
@@ -93,6 +105,33 @@ TEST_F(PrinterEvents, ConnectionIsRefusedWithoutAMark) {
   PathFlags flags(true, false);
   EXPECT_FALSE(PrinterConnected(Name(), kWindowsXp));
   ExpectNotMarked();
+}
+
+TEST_F(PrinterEvents, RefusalIsToldWhenAClientConnectsOrAPrinterIsCreated) {
+  AddPrinter();
+  const std::u16string text =
+      u"This driver will not work with Windows XP, 2002, or higher.\n"
+      u"We have created a different driver for this operating system.\n\n"
+      u"If the printer successfully installed, delete it immediately.\n"
+      u"It will not function reliably.";
+  PathFlags flags(true, false);
+  PrinterConnected(Name(), kWindowsXp);
+  EXPECT_EQ(shown, std::vector<std::u16string>{text});
+  PrinterConnected(u"No Such Printer", kWindowsXp);
+  EXPECT_EQ(shown.size(), 2u);
+  PrinterCreated(Name(), kWindowsXp);
+  EXPECT_EQ(shown, std::vector<std::u16string>(3, text));
+}
+
+TEST_F(PrinterEvents, UpgradesAndSupportedSystemsShowNothing) {
+  AddPrinter();
+  PrinterConnected(Name(), kCurrent);
+  PrinterCreated(Name(), kCurrent);
+  UpgradePrinter(Name(), kCurrent);
+  PathFlags flags(true, false);
+  UpgradePrinter(Name(), kWindowsXp);
+  PrinterCreated(u"No Such Printer", kWindowsXp);
+  EXPECT_TRUE(shown.empty());
 }
 
 TEST_F(PrinterEvents, CreationMakesTheStoredDevModeThisDrivers) {

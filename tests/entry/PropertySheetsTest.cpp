@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <filesystem>
+
 #include "platform/Module.h"
 #include "tests/entry/SheetFixture.h"
 
@@ -228,6 +231,80 @@ TEST_F(PropertySheets, OtherMessagesAreOnlyReset) {
     EXPECT_EQ(Store().ReadDword("DATA:LW Message", 99), 0u);
     EXPECT_EQ(host.Destroy(), 1);
   }
+}
+
+// Tells which pages a sheet asks for.
+class PageSession : public DriverSession {
+ public:
+  int32_t RegisterPages(uint32_t flags) override {
+    Asked.push_back(flags);
+    return 0;
+  }
+  std::vector<uint32_t> Asked;
+};
+
+TEST_F(PropertySheets, DeviceSheetHasTheFontPagesAndOnMessage4TheCachePages) {
+  AddPrinter();
+  for (uint32_t message : {0u, 1u, 3u, 4u, 5u}) {
+    Store().WriteDword("DATA:LW Message", message);
+    PageSession session;
+    session.Initialize(nullptr, nullptr, kSessionDefaults, Printer->Name());
+    PropSheetUiInfo info = {};
+    EXPECT_EQ(StartDeviceSheet(&session, &info), 1);
+    EXPECT_EQ(session.Asked, std::vector<uint32_t>{message == 4 ? 8u : 1u}) << message;
+    EXPECT_EQ(SessionOf(&info), &session);
+  }
+}
+
+TEST_F(PropertySheets, DocumentSheetHasTheSetupAndGraphicsPages) {
+  AddPrinter();
+  for (uint32_t flags : {0u, 1u, kSessionDefaults}) {
+    PageSession session;
+    session.Initialize(nullptr, nullptr, flags, Printer->Name());
+    PropSheetUiInfo info = {};
+    EXPECT_EQ(StartDocumentSheet(&session, &info), 1);
+    EXPECT_EQ(session.Asked, std::vector<uint32_t>{6});
+    EXPECT_EQ(session.AboutMayOpenFirst, flags != 0);
+  }
+}
+
+int endings = 0;
+
+TEST_F(PropertySheets, EndOfTheSheetTellsWhoeverWatchesTheSession) {
+  AddPrinter();
+  DevicePropertyHeader header = DeviceHeader();
+  SheetHost host(DrvDevicePropertySheets, &header);
+  ASSERT_EQ(host.Init(), 1);
+  endings = 0;
+  SessionOf(&host.Info)->AtEnd = [](DriverSession* session) {
+    EXPECT_NE(session->Model, nullptr);  // still whole
+    endings++;
+  };
+  EXPECT_EQ(host.Destroy(), 1);
+  EXPECT_EQ(endings, 1);
+}
+
+// Runs itself once more from a copy of this program under that name.
+TEST_F(PropertySheets, DocumentSheetOfTheExplorerEditsTheDefaults) {
+  const std::filesystem::path self(platform::ProcessPath());
+  if (!IsExplorer(self.u16string())) {
+    const std::filesystem::path copy = std::filesystem::path(Archives.Path()) / "EXPLORER.EXE";
+    std::filesystem::copy_file(self, copy);
+    const std::string command =
+        copy.string() +
+        " --gtest_filter=PropertySheets.DocumentSheetOfTheExplorerEditsTheDefaults --gtest_brief=1";
+    EXPECT_EQ(std::system(command.c_str()), 0);
+    std::filesystem::remove(copy);
+    return;
+  }
+  AddPrinter();
+  DocumentPropertyHeader header = DocumentHeader(2, nullptr);
+  SheetHost host(DrvDocumentPropertySheets, &header);
+  ASSERT_EQ(host.Init(), 1);
+  EXPECT_EQ(SessionOf(&host.Info)->SessionFlags, 66u);
+  EXPECT_TRUE(SessionOf(&host.Info)->IsDefaultsSession());
+  EXPECT_TRUE(SessionOf(&host.Info)->AboutMayOpenFirst);
+  EXPECT_EQ(host.Destroy(), 1);
 }
 
 TEST_F(PropertySheets, DocumentSheetLeavesTheMessage) {

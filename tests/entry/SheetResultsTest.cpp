@@ -85,13 +85,18 @@ TEST_F(SheetResults, OkMergesWhenInputAndOutputAreOneBlock) {
   for (size_t i = 188; i < 198; i++) EXPECT_EQ(both.Data()[i], 0x5C);
 }
 
-TEST_F(SheetResults, OkCopiesOverOneBlockWithoutAHeader) {
+// What states no size has no room that could be written to.
+TEST_F(SheetResults, OkLeavesOneBlockWithoutAHeader) {
   AddPrinter();
-  GuardedBlock both(1516, 0);
-  DocumentPropertyHeader header = DocumentHeader(2, both.Data(), both.Data());
-  RunDocumentSheet(&header, kResultOk);
-  EXPECT_EQ(both.Word(kAtCopies), 77);
-  EXPECT_EQ(both.Word(kAtExtra), 1296);
+  for (uint32_t stated : {0u, 71u}) {
+    GuardedBlock both(72, 0);
+    both.PutWord(kAtSize, stated);
+    std::vector<uint8_t> before = both.Copy();
+    DocumentPropertyHeader header = DocumentHeader(3, both.Data(), both.Data());
+    RunDocumentSheet(&header, kResultOk);
+    EXPECT_EQ(both.Copy(), before);
+    EXPECT_EQ(WordAt(StoredDevMode(), kAtCopies), 77);  // bit 0 has its effect all the same
+  }
 }
 
 TEST_F(SheetResults, CancelRestoresTheDevModeAsItStoodAtTheStart) {

@@ -77,6 +77,16 @@ TEST(X16Codecs, MissingBlocksDoNothing) {
 
 TEST(X16Codecs, EmptyBlocksNeedNoAddress) {
   uint32_t length = 77;
+  EXPECT_EQ(X16_LZ77_RawDecode("abcd", 4, nullptr, &length), 0);
+  const uint8_t emptyStream[] = {3, 0};
+  uint8_t target = 0xCD;
+  const uint8_t oneByte[] = {0x4B, 4, 0};  // "a"
+  length = 0;
+  EXPECT_EQ(X16_LZ77_RawDecode(emptyStream, 2, nullptr, &length), 1);
+  EXPECT_EQ(X16_LZ77_RawDecode(emptyStream, 2, &target, &length), 1);
+  EXPECT_EQ(target, 0xCD);
+  EXPECT_EQ(X16_LZ77_RawDecode(oneByte, 3, nullptr, &length), 0);
+  EXPECT_EQ(length, 0u);
   X16_Base64_Encode(nullptr, 0, nullptr, &length);
   EXPECT_EQ(length, 0u);
   length = 77;

@@ -1,3 +1,4 @@
+#include "model/CapabilitiesDataBuilder.h"
 #include "model/Symbologies.h"
 #include "tests/model/ModelFixture.h"
 
@@ -28,6 +29,7 @@ TEST_F(CapabilitiesDataTest, FrameOfAModelWithoutADefinition) {
   expected[45] = 0x07;
   expected[1876] = expected[1912] = 0x90;  // weight 400
   expected[1877] = expected[1913] = 0x01;
+  expected[1880] = expected[1916] = ' ';  // between no prefix and no name
   EXPECT_EQ(bytes, expected);
   EXPECT_FALSE(Models.back()->HasBarCodes());
 }
@@ -243,6 +245,96 @@ TEST_F(CapabilitiesDataTest, AMakersKeySwitchesASymbology) {
   const std::vector<uint8_t> bytes = Built("Code93=1\nCode93(VT)=0\nMSI=0\nMSI(VT)=1\n");
   EXPECT_EQ(Word(bytes, Row(2)), 0u);
   EXPECT_EQ(Word(bytes, Row(6)), 1u);
+}
+
+// What each key sets, alone; all other bytes are those of a model without keys.
+TEST_F(CapabilitiesDataTest, EachKeySetsItsOwnBitsOnly) {
+  struct Change {
+    size_t Offset;
+    size_t Size;
+    uint32_t Value;
+  };
+  const struct {
+    const char* Lines;
+    std::vector<Change> Changes;
+  } cases[] = {
+      {"Line=1", {{10, 2, 1}, {18, 2, 1}}},
+      {"Line.Pen=Color", {{10, 2, 2}}},
+      {"Line.Diagonal=1", {{10, 2, 4}}},
+      {"Line.Pen=White", {{10, 2, 16}}},
+      {"Line.Diagonal.Pen=White", {{10, 2, 32}}},
+      {"Line.Pen=Inverse", {{10, 2, 64}}},
+      {"Line.Diagonal.Pen=Inverse", {{10, 2, 128}}},
+      {"Line.Diagonal.Pen=Color", {}},
+      {"Box=1", {{12, 2, 1}, {20, 2, 1}}},
+      {"Box.Pen=Color", {{12, 2, 2}}},
+      {"Box.Shape=Ellipse", {{12, 2, 8}}},
+      {"Box.Shape=Rounded", {{12, 2, 16}}},
+      {"Box.Shape=Circle", {{12, 2, 32}}},
+      {"Box.Pen=White", {{12, 2, 64}}},
+      {"Box.Pen=Inverse", {{12, 2, 128}}},
+      {"Box.Pen=Circle,Rounded\nBox.Shape=Color,White", {}},
+      {"BarCode.DrawUnsupported.1D=x,Lines", {{14, 2, 1}}},
+      {"BarCode.DrawUnsupported.2D=x,Lines", {{16, 2, 1}}},
+      {"BarCode.DrawUnsupported.1D=LinesX", {{22, 2, 1}}},
+      {"BarCode.DrawUnsupported.2D=LinesX", {{24, 2, 1}}},
+      {"Serialization=1", {{26, 2, 1}}},
+      {"StaticFields=1", {{26, 2, 2}}},
+      {"VariableData=1", {{26, 2, 4}}},
+      {"StaticGraphics=1", {{26, 2, 8}}},
+      {"StaticGraphics=1\nStaticGraphics.Restrictions=NoVariableGraphics", {{26, 2, 16}}},
+      {"Cache.Graphic=1", {{26, 2, 32 + 128}}},
+      {"Cache.Format=1", {{26, 2, 64 + 128}}},
+      {"TemplateExport=1", {{26, 2, 256}}},
+      {"Serialization.Count.Limit=65537", {{28, 4, 65537}}},
+      {"Serialization.Step.Limit=65537", {{32, 4, 65537}}},
+      {"Serialization.RolloverExpands=1", {{36, 2, 1}}},
+      {"Serialization.Copies=1", {{38, 2, 0}}},
+      {"QRCode=1", {{Row(18), 2, 1}}},
+      {"QRCode=1\nQRCode.Color=1", {{Row(18), 2, 3}}},
+      {"QRCode=1\nQRCode.RestrictedMethods=Serialization",
+       {{Row(18), 2, 1}, {Row(18) + 4, 4, 0x80000000}}},
+      {"QRCode=1\nQRCode.RestrictedMethods=VariableData",
+       {{Row(18), 2, 1}, {Row(18) + 4, 4, 0x40000000}}},
+      {"QRCode=1\nQRCode.RestrictedMethods=Static",
+       {{Row(18), 2, 1}, {Row(18) + 4, 4, 0x20000000}}},
+      {"QRCode=1\nQRCode.RestrictedMethods=TemplateFile",
+       {{Row(18), 2, 1}, {Row(18) + 4, 4, 0x10000000}}},
+      {"DefaultFont.Text.Weight=700", {{1876, 2, 700}}},
+      {"DefaultFont.Text.Size=12", {{1878, 2, 12}}},
+      {"DefaultFont.Text.Name=N", {{1881, 1, 'N'}}},
+      {"DefaultFont.BarCode.Weight=700", {{1912, 2, 700}}},
+      {"DefaultFont.BarCode.Size=12", {{1914, 2, 12}}},
+      {"DefaultFont.BarCode.Name=N", {{1917, 1, 'N'}}},
+  };
+  std::string sections = "[None]\n";
+  for (const auto& each : cases) {
+    sections += "[S" + std::to_string(&each - cases) + "]\n" + each.Lines + "\n";
+  }
+  Define("Driver.d", "[Ostrel Test]\nModel=Model:None\n");
+  Define("Model.d", sections);
+  PrinterModel& model = InstallAndOpen();
+  const std::vector<uint8_t> plain = BytesOf(*model.GetCapabilities());
+  CapabilitiesData record;
+  for (const auto& each : cases) {
+    model.GetStore().WriteString("Settings:Table/Model",
+                                 ("S" + std::to_string(&each - cases)).c_str());
+    model.GetDefinition().ForgetModelPath();
+    BuildCapabilitiesData(&model.GetDefinition(), &record);
+    std::vector<uint8_t> expected = plain;
+    for (const Change& change : each.Changes) {
+      memcpy(expected.data() + change.Offset, &change.Value, change.Size);
+    }
+    EXPECT_EQ(BytesOf(record), expected) << each.Lines;
+  }
+}
+
+TEST_F(CapabilitiesDataTest, ADefaultFontWithoutANameHasThePrefixAndABlank) {
+  Define("Driver.d", "[Ostrel Test]\nManufacturer=Manufacturer:M\n");
+  Define("Manufacturer.d", "[M]\nFonts.Prefix=Prefix\n");
+  const std::vector<uint8_t> bytes = BytesOf(*InstallAndOpen().GetCapabilities());
+  EXPECT_EQ(Text(bytes, 1880, 32), "Prefix ");
+  EXPECT_EQ(Text(bytes, 1916, 32), "Prefix ");
 }
 
 }  // namespace

@@ -173,5 +173,29 @@ TEST_F(DefinitionFileTest, AMissingMemberIsNotTriedAgain) {
   EXPECT_FALSE(file.HasKey("k"));
 }
 
+TEST_F(DefinitionFileTest, AMemberOfMoreThanFourMegabytesReadsAsEmptyAndIsNotInflated) {
+  std::string text = "[A]\nk=1\n";
+  text.resize(4 << 20, '!');
+  Zip.Add("Full.d", text);
+  Write("Over.d", text + "!");
+  DefinitionFile& file = File();
+  file.SelectSection("Over:A");
+  EXPECT_FALSE(file.HasKey("k"));
+  file.SelectSection("Full:A");
+  EXPECT_TRUE(file.HasKey("k"));
+}
+
+TEST_F(DefinitionFileTest, ABrokenArchiveDoesNotHideTheOneBehindIt) {
+  test::ZipBuilder broken;
+  broken.Add("Other.d", "[A]\nk=0\n");
+  broken.EntryCount = 5;
+  ASSERT_TRUE(broken.WriteTo(Directory.Path("broken.ddz")));
+  ASSERT_TRUE(Reader.AddArchive(Directory.WidePath(u"broken.ddz").c_str()));
+  Write("One.d", "[A]\nk=1\n");
+  DefinitionFile& file = File();
+  file.SelectSection("One:A");
+  EXPECT_STREQ(file.GetString("k").GetNarrow(), "1");
+}
+
 }  // namespace
 }  // namespace ostvt

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <ctime>
 #include <memory>
 #include <string>
 
@@ -146,6 +147,39 @@ TEST(DefinitionText, BytesThatAreNoTextDoNoHarm) {
   StringMap map;
   none.ReadSection("X", &map);
   EXPECT_EQ(map.Values.Count, 0);
+}
+
+TEST(DefinitionText, AListOfManyLinesTakesTimeInProportion) {
+  constexpr int kLines = 150000;
+  std::string text = "[X]\n";
+  for (int i = 0; i < kLines; ++i) text += "a+=12345678901234567890\n";
+  const std::clock_t start = std::clock();
+  const std::string list = Read(text, "a");
+  // Copying the list for each line moves more than 200 gigabytes.
+  EXPECT_LT((std::clock() - start) / CLOCKS_PER_SEC, 5);
+  EXPECT_EQ(list.size(), 21u * kLines - 1);
+  EXPECT_EQ(list.substr(list.size() - 23), "90,12345678901234567890");
+}
+
+TEST(DefinitionText, AnAssignmentAmidAListStartsItAnew) {
+  EXPECT_EQ(Read("[X]\na+=x\na+=y\na=1\na+=2\na+=3\n", "a"), "1,2,3");
+  EXPECT_EQ(Read("[X]\na+=x\na=\na+=\na+=2\n", "a"), "2");
+}
+
+TEST(DefinitionText, KeysOfOneHashKeepTheirOwnLists) {
+  const char* const keys[] = {"plumless", "buckeroo"};
+  ASSERT_EQ(NameMap::HashOf(keys[0]), NameMap::HashOf(keys[1]));
+  const std::string text = "[X]\nplumless+=1\nbuckeroo+=2\nplumless+=3\nbuckeroo=4\n";
+  EXPECT_EQ(Read(text, keys[0]), "1,3");
+  EXPECT_EQ(Read(text, keys[1]), "4");
+}
+
+TEST(DefinitionText, ATextOfMoreThanFourMegabytesReadsAsEmpty) {
+  std::string text = "[X]\na=1\n";
+  text.resize(4 << 20, '!');
+  EXPECT_EQ(Read(text, "a"), "1");
+  text += '!';
+  EXPECT_EQ(Read(text, "a"), "-");
 }
 
 }  // namespace

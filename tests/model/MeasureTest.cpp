@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "core/MulDivRound.h"
+
 namespace ostvt {
 namespace {
 
@@ -143,6 +145,31 @@ TEST(Measure, FormatOfABadTemplateIsEmpty) {
   EXPECT_EQ(Formatted(10000, "0.3"), "");
   EXPECT_EQ(Formatted(10000, "mm"), "");
   EXPECT_EQ(Formatted(10000, "0.3 furlongs"), "");
+}
+
+TEST(Measure, PointsTooManyAreLimitedNotWrapped) {
+  EXPECT_EQ(Parsed("608736 pt"), INT32_MAX);
+  EXPECT_EQ(Parsed("1000000 pt"), INT32_MAX);
+  EXPECT_EQ(Parsed("-1000000 pt"), INT32_MIN);
+  EXPECT_EQ(Parsed("2000000000 pts"), INT32_MAX);
+  EXPECT_EQ(Parsed("1000000.5 pt"), INT32_MAX);
+  EXPECT_EQ(Parsed("-1000000.5 pt"), INT32_MIN);
+}
+
+// As all conversions: what stored settings were made with.
+TEST(Measure, ManyPointsAreConvertedByMulDivRound) {
+  EXPECT_EQ(Parsed("608735 pt"), 2147481786);
+  EXPECT_EQ(Parsed("608735 pt"), MulDivRound(608735, 254000, 72));
+}
+
+TEST(Measure, FormatOfALongLengthWithAllDecimals) {
+  EXPECT_EQ(Formatted(25400000, "0.6 mm"), "2540.000000 mm");
+  EXPECT_EQ(Formatted(-25400000, "0.6 mm"), "-2540.000000 mm");
+  EXPECT_EQ(Formatted(INT32_MIN, "0.6 mm"), "-214748.364800 mm");
+  EXPECT_EQ(Formatted(INT32_MAX, "0.6 cm"), "21474.836470 cm");
+  EXPECT_EQ(Formatted(INT32_MAX, "0.6 in"), "8454.660028 in");
+  EXPECT_EQ(Formatted(2000000000, "0.6 pts"), "566929.133858 pts");
+  EXPECT_EQ(Formatted(INT32_MIN, "0.6 mils"), "-8454660.031496 mils");
 }
 
 }  // namespace

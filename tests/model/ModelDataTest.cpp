@@ -319,5 +319,115 @@ TEST_F(ModelDataTest, CopiesLimitCanBeDisabled) {
   EXPECT_EQ(Word(Rebuilt(model), kCopiesLimit), 32767u);
 }
 
+// What each key sets, alone; all other bytes are those of a model without keys.
+TEST_F(ModelDataTest, EachKeySetsItsOwnFieldOnly) {
+  const struct {
+    const char* Lines;
+    size_t Offset;
+    size_t Size;
+    uint32_t Value;
+  } cases[] = {
+      {"Stock.Printable.X=1 mm", 84, 4, 10000},
+      {"Stock.Printable.Y=1 mm", 88, 4, 10000},
+      {"Stock.Default.X=1 mm", 92, 4, 10000},
+      {"Stock.Default.Y=1 mm", 96, 4, 10000},
+      {"Stock.Minimum.Y=1 mm", 100, 4, 10000},
+      {"Stock.Maximum.Y=1 mm", 104, 4, 10000},
+      {"Stock.Minimum.X=1 mm", 108, 4, 10000},
+      {"Stock.Maximum.X=1 mm", 112, 4, 10000},
+      {"Color=1", 116, 2, 0},
+      {"Color=1\nColor.Spot=2", 116, 2, 1},
+      {"Color=1\nColor.Spot=3", 116, 2, 2},
+      {"Color=1\nColor.Spot=4", 116, 2, 4},
+      {"Color=1\nColor.Process=CMY", 116, 2, 8},
+      {"Color=1\nColor.Process=CMYK", 116, 2, 16},
+      {"Color=1\nColor.Spectrum=16", 116, 2, 32},
+      {"Color=1\nColor.Spectrum=24", 116, 2, 64},
+      {"Color=1\nColor.Spectrum=32", 116, 2, 128},
+      {"Color=1\nColor.Spot=CMY,16\nColor.Process=2,24\nColor.Spectrum=3,CMYK", 116, 2, 0},
+      {"Color=1\nColor.DefaultState=Color", 118, 1, 2},
+      {"Stock.Tracking=Right", 119, 1, 0},
+      {"Transform.Orientation=90", 120, 1, 1},
+      {"Transform.Flip180=1", 121, 1, 1},
+      {"Transform.Mirror=1", 122, 1, 1},
+      {"Transform.Inverse=1", 123, 1, 1},
+      {"Line.Thickness.Maximum=258", 124, 2, 258},
+      {"Line.Thickness.Anchor=Inner", 126, 1, 2},
+      {"Line.Anchor=Top/Right", 127, 1, 1},
+      {"Box.Thickness.Maximum=258", 128, 2, 258},
+      {"Box.Thickness.Anchor=Inner", 130, 1, 2},
+      {"Box.Anchor=Top/Right", 131, 1, 1},
+      {"Box.Fill=1", 132, 1, 1},
+      {"BarCode.Anchor=Top/Right", 133, 1, 1},
+      {"BarCode.Anchor.Relative=1", 134, 1, 1},
+      {"Text.WhiteOnBlack.Background=1", 135, 1, 1},
+      {"Text.Anchor=Top/Right", 136, 1, 1},
+      {"Text.Anchor.Relative=1", 137, 1, 1},
+      {"Text.Rotation=None", 138, 2, 0},
+      {"Text.Rotation=Any", 138, 2, 1 + 2},
+      {"Text.Scaling=Anisotropic", 138, 2, 1 + 4},
+      {"Text.Vertical=1", 138, 2, 1 + 8},
+      {"Text.Scaling=None", 138, 2, 1 + 16},
+      {"Transform.MapResolution=258", 140, 2, 258},
+      {"Copies.Limit=258", 142, 2, 258},
+      {"Download.TrueType=1", 144, 2, 1},
+      {"Download.Bitmap=1", 144, 2, 2},
+      {"Download.Bitmap=1\nDownload.Bitmap.Orientation=0", 144, 2, 2 + 4},
+      {"Download.Bitmap=1\nDownload.Bitmap.Orientation=90", 144, 2, 2 + 8},
+      {"Download.TrueType=1\nDownload.TrueType.SymbolFont=1", 144, 2, 1 + 16},
+      {"Ports.Bidirectional=Parallel", 146, 2, 2},
+      {"Ports.Bidirectional=USB", 146, 2, 4},
+      {"Status.Default.JobMonitoring=1", 148, 1, 1},
+      {"Status.Default.StatusMonitor=1", 149, 1, 1},
+      {"Status.Ports=Serial", 150, 2, 1},
+      {"Status.Ports=Parallel", 150, 2, 2},
+      {"Status.Ports=USB", 150, 2, 4},
+      {"Status.Ports=TCP/IP", 150, 2, 8},
+      {"Status.Ports=Firewire", 150, 2, 16},
+      {"Resolution=258x257", 152, 4, 257 << 16 | 258},
+  };
+  std::string sections = "[None]\n";
+  for (const auto& each : cases) {
+    sections += "[S" + std::to_string(&each - cases) + "]\n" + each.Lines + "\n";
+  }
+  Define("Driver.d", "[Ostrel Test]\nModel=Model:None\n");
+  Define("Model.d", sections);
+  PrinterModel& model = InstallAndOpen();
+  const std::vector<uint8_t> plain = BytesOf(model.GetModelData());
+  for (const auto& each : cases) {
+    model.GetStore().WriteString("Settings:Table/Model",
+                                 ("S" + std::to_string(&each - cases)).c_str());
+    std::vector<uint8_t> expected = plain;
+    memcpy(expected.data() + each.Offset, &each.Value, each.Size);
+    EXPECT_EQ(Rebuilt(model), expected) << each.Lines;
+  }
+}
+
+TEST_F(ModelDataTest, SpecificationOfANegativeResolutionLeavesTheModels) {
+  DefineChain("Resolution=203x150,300\n");
+  PrinterModel& model = InstallAndOpen();
+  model.GetStore().WriteByte("Settings:Specifications/Override", 1);
+  model.GetStore().WriteInt("Settings:Specifications/X Resolution", -600);
+  model.GetStore().WriteInt("Settings:Specifications/Y Resolution", -1);
+  const std::vector<uint8_t> bytes = Rebuilt(model);
+  EXPECT_EQ(Word(bytes, kResolutions), 203u);
+  EXPECT_EQ(Word(bytes, kResolutions + 2), 150u);
+  EXPECT_EQ(Word(bytes, kResolutions + 4), 300u);
+}
+
+TEST_F(ModelDataTest, SpecificationOfATrackingThatIsNoneLeavesTheModels) {
+  DefineChain("Stock.Tracking=Center\n");
+  PrinterModel& model = InstallAndOpen();
+  model.GetStore().WriteByte("Settings:Specifications/Override", 1);
+  for (int32_t tracking : {-1, 3, 256, 257, -256}) {
+    model.GetStore().WriteInt("Settings:Specifications/Tracking", tracking);
+    EXPECT_EQ(Rebuilt(model)[kStockTracking], 2) << tracking;
+  }
+  for (int32_t tracking : {0, 1, 2}) {
+    model.GetStore().WriteInt("Settings:Specifications/Tracking", tracking);
+    EXPECT_EQ(Rebuilt(model)[kStockTracking], tracking);
+  }
+}
+
 }  // namespace
 }  // namespace ostvt::test

@@ -1,5 +1,6 @@
 #include "model/ModelDefinition.h"
 
+#include "platform/Module.h"
 #include "tests/model/ModelFixture.h"
 
 namespace ostvt::test {
@@ -86,16 +87,67 @@ TEST_F(ModelDefinitionTest, AStoreValueRedirectsALinkToItsOwnFile) {
 }
 
 TEST_F(ModelDefinitionTest, AStoreValueRedirectsTheModelToo) {
-  DefineAllContexts();
-  Define("Unused.d", "");
+  Define("Driver.d", "[Ostrel Test]\nModel=Model:One\n");
+  Define("Model.d", "[One]\nWhere=Model\n[Two]\nWhere=Two\n");
   Install();
   PrinterModel& first = Open();
   first.GetStore().WriteString("Settings:Table/Model", "Two");
   // The path was looked up when the first one was opened, and stays.
   EXPECT_EQ(Where(first.GetDefinition(), Context::kModel), "Model");
-  ModelDefinition& second = Open().GetDefinition();
-  second.SelectContext(Context::kModel);
-  EXPECT_STREQ(second.GetString("Where").GetNarrow(), "");
+  EXPECT_EQ(Where(Open().GetDefinition(), Context::kModel), "Two");
+}
+
+TEST_F(ModelDefinitionTest, AStoreValueRedirectsCustomData) {
+  DefineAllContexts();
+  Define("~CustomData.d", "[Mine]\nWhere=Mine\n");
+  PrinterModel& model = InstallAndOpen();
+  model.GetStore().WriteString("Settings:Table/~CustomData", "Mine");
+  EXPECT_EQ(Where(model.GetDefinition(), Context::kCustomData), "Mine");
+}
+
+TEST_F(ModelDefinitionTest, AKeyWithASlashIsOneNameInTheStore) {
+  DefineChain("Where=Model\nA/B=Method:Q\n");
+  Define("Method.d", "[Q]\nWhere=Linked\n");
+  Define("A/B.d", "[Mine]\nWhere=Mine\n");
+  PrinterModel& model = InstallAndOpen();
+  // This one belongs to a key B below a table of its own.
+  model.GetStore().WriteString("Settings:Table/A/B", "Mine");
+  EXPECT_EQ(WhereByName(model.GetDefinition(), "A/B"), "Linked");
+  model.GetStore().WriteString("Settings:Table/A//B", "Mine");
+  EXPECT_EQ(WhereByName(model.GetDefinition(), "A/B"), "Mine");
+}
+
+TEST_F(ModelDefinitionTest, LoadingAgainLooksTheModelUpAnewEvenFromTheCache) {
+  Define("Driver.d", "[Ostrel Test]\nModel=Model:One\n");
+  Define("Model.d", "[One]\nWhere=One\n[Two]\nWhere=Two\n");
+  Install();
+  PrinterModel& first = Open();
+  PrinterModel& second = Open();
+  first.GetStore().WriteString("Settings:Table/Model", "Two");
+  second.Invalidate();
+  first.GetDefinition().LoadModelData();
+  EXPECT_EQ(Where(first.GetDefinition(), Context::kModel), "Two");
+}
+
+TEST_F(ModelDefinitionTest, WithoutADriverDirectoryTheModulesIsUsed) {
+  Define("Driver.d", "[Ostrel Test]\nWhere=Module\n");
+  Install();
+  PrinterId id(Printers.back()->Name());
+  // As of a driver whose record names its files without one.
+  const_cast<OString&>(id.Driver().DriverDirectory).Release();
+  Installed.push_back(std::filesystem::path(platform::ModuleDirectory()) / "vt#base.ddz");
+  ASSERT_FALSE(std::filesystem::exists(Installed.back()));
+  ASSERT_TRUE(Base.WriteTo(Installed.back().string()));
+  ModelDefinition definition(id);
+  EXPECT_EQ(Where(definition, Context::kDriver), "Module");
+}
+
+TEST_F(ModelDefinitionTest, ABrokenBaseArchiveLeavesTheFamilysMembers) {
+  Base.Add("Other.d", "");
+  Base.EntryCount = 7;
+  DefineInFamily("Driver.d", "[Ostrel Test]\nModel=Model:One\n");
+  DefineInFamily("Model.d", "[One]\nCopies.Limit=5\n");
+  EXPECT_EQ(InstallAndOpen().GetCopiesLimit(), 5);
 }
 
 TEST_F(ModelDefinitionTest, AKeyOfTheMakerWinsOnItsDriverOnly) {

@@ -1,3 +1,5 @@
+#include "core/ArchiveReader.h"
+#include "model/ArchiveCache.h"
 #include "model/PaperSource.h"
 #include "model/RecordCache.h"
 #include "platform/Spooler.h"
@@ -229,6 +231,48 @@ TEST_F(CapabilityTest, AWarmModelAnswersWithoutItsArchives) {
   EXPECT_EQ(model.GetDefaultResolutionX(), 203);
   Base.WriteTo(Installed[0].string());
   EXPECT_STREQ(model.GetDefinitionString("Model", "a").GetNarrow(), "found");
+}
+
+// As a print dialog asks: each question opens the printer anew, first for the count, then for data.
+TEST_F(CapabilityTest, AWarmCallTouchesNoArchive) {
+  DefineChain("Resolution=203\nCopies.Limit=5\n");
+  PrinterModel& cold = InstallAndOpen();
+  uint32_t opens = TheArchiveCache()->GetOpenCount();
+  EXPECT_EQ(opens, 1u);
+  ArchiveReader* reader =
+      TheArchiveCache()->Open(Installed[0].u16string().c_str(), Installed[1].u16string().c_str());
+  opens = TheArchiveCache()->GetOpenCount();
+  const uint32_t lookups = reader->GetLookupCount();
+  EXPECT_EQ(cold.GetCopiesLimit(), 5);
+  FakePapers papers;
+  papers.Add(256, 101600, 152400, u"USER");
+  std::vector<uint8_t> devMode(1516);
+  for (int32_t capability = 0; capability <= 34; ++capability) {
+    for (const void* block :
+         {static_cast<const void*>(nullptr), static_cast<const void*>(devMode.data())}) {
+      PrinterId id(Printers.back()->Name());
+      PrinterModel model;
+      ASSERT_TRUE(model.Open(id));
+      uint8_t output[2048];
+      model.GetDeviceCapability(capability, nullptr, block, &papers);
+      model.GetDeviceCapability(capability, output, block, &papers);
+    }
+  }
+  EXPECT_EQ(TheArchiveCache()->GetOpenCount(), opens);
+  EXPECT_EQ(reader->GetLookupCount(), lookups);
+}
+
+TEST_F(CapabilityTest, ALongNameIsNotCutInsideACharacter) {
+  PrinterModel& model = InstallAndOpen();
+  const std::u16string head(63, u'w');
+  FakePapers papers;
+  papers.Add(1, 1, 1, head + u"\U0001F5A8");
+  papers.Add(2, 1, 1, head + u"\u0416\U0001F5A8");
+  papers.Add(3, 1, 1, std::u16string(62, u'w') + u"\U0001F5A8!");
+  EXPECT_EQ(Ask(model, kCapabilityPaperNames, 384, &papers), 3);
+  EXPECT_EQ(Units(0, 64), Padded(head, 64));
+  EXPECT_EQ(Units(64, 64), head + u"\u0416");
+  EXPECT_EQ(Units(128, 64), std::u16string(62, u'w') + u"\U0001F5A8");
 }
 
 }  // namespace

@@ -1,10 +1,26 @@
 #include "model/PrinterModel.h"
 
 #include "model/RecordCache.h"
+#include "platform/Clock.h"
+#include "platform/Spooler.h"
 #include "tests/model/ModelFixture.h"
 
 namespace ostvt::test {
 namespace {
+
+uint32_t fixedTick = 0;
+
+// The system's ticks stand still for as long as this lives.
+class FixedTick {
+ public:
+  explicit FixedTick(uint32_t tick) {
+    fixedTick = tick;
+    platform::SetTickSourceForTests([] { return fixedTick; });
+  }
+  ~FixedTick() { platform::SetTickSourceForTests(nullptr); }
+  FixedTick(const FixedTick&) = delete;
+  FixedTick& operator=(const FixedTick&) = delete;
+};
 
 class PrinterModelTest : public ModelFixture {
  protected:
@@ -269,6 +285,68 @@ TEST_F(PrinterModelTest, ANameBeyondTheCodePageHasRecordsOfItsOwn) {
   EXPECT_EQ(Open(Printers[1]->Name()).GetCopiesLimit(), 5);
   Models[0]->Invalidate();
   EXPECT_EQ(Open(Printers[0]->Name()).GetCopiesLimit(), 32767);
+}
+
+TEST_F(PrinterModelTest, InvalidatingInTheStoredTickTakesTheNextNumber) {
+  PrinterModel& model = InstallAndOpen();
+  const FixedTick tick(500);
+  model.Invalidate();
+  EXPECT_EQ(Generation(model), 500u);
+  model.Invalidate();
+  EXPECT_EQ(Generation(model), 501u);
+  model.Invalidate();
+  EXPECT_EQ(Generation(model), 500u);
+}
+
+TEST_F(PrinterModelTest, InvalidatingInTickZeroIsNoticed) {
+  PrinterModel& model = InstallAndOpen();
+  const FixedTick tick(0);
+  model.Invalidate();
+  EXPECT_EQ(Generation(model), 1u);
+  model.Invalidate();
+  EXPECT_EQ(Generation(model), 2u);
+}
+
+TEST_F(PrinterModelTest, InvalidatingInTheLastStoredTickPassesZeroOver) {
+  PrinterModel& model = InstallAndOpen();
+  model.GetStore().WriteDword("MODEL:Synchronization", UINT32_MAX);
+  const FixedTick tick(UINT32_MAX);
+  model.Invalidate();
+  EXPECT_EQ(Generation(model), 1u);
+}
+
+// A session from before keeps to its own section of the model, and its records to itself.
+TEST_F(PrinterModelTest, ASessionFromBeforeAnInvalidateLeavesTheCacheAlone) {
+  Define("Driver.d", "[Ostrel Test]\nModel=Model:One\n");
+  Define("Model.d", "[One]\nCode39=No\n[Two]\nCode39=Yes\n");
+  Install();
+  PrinterModel& before = Open();
+  before.GetDefinition().SelectContext(Context::kModel);
+  before.GetStore().WriteString("Settings:Table/Model", "Two");
+  Open().Invalidate();
+  EXPECT_FALSE(before.HasBarCodes());
+  EXPECT_TRUE(Open().HasBarCodes());
+}
+
+TEST_F(PrinterModelTest, APrinterThatComesBackWithAnotherDriverHasItsRecordsBuiltAnew) {
+  Define("Driver.d", "[Ostrel Test]\nModel=Model:One\n[Ostrel Other]\nModel=Model:Two\n");
+  Define("Model.d", "[One]\nCopies.Limit=5\nCode39=No\n[Two]\nCopies.Limit=7\nCode39=Yes\n");
+  Install();
+  TestPrinterOptions other;
+  other.Name = u"Second Printer";
+  other.DriverName = u"Ostrel Other";
+  Install(other);
+  const std::u16string name = Printers.front()->Name().GetWide();
+  PrinterModel& before = Open(name.c_str());
+  EXPECT_EQ(before.GetCopiesLimit(), 5);
+  ASSERT_TRUE(platform::DeletePrinter(name.c_str()));
+  ASSERT_TRUE(platform::AddPrinter({name, other.DriverName, u"FILE:", u""}));
+  PrinterModel& after = Open(name.c_str());
+  EXPECT_EQ(after.GetCopiesLimit(), 7);
+  // Whichever asks first, each gets the records of its own driver.
+  EXPECT_FALSE(before.HasBarCodes());
+  EXPECT_TRUE(after.HasBarCodes());
+  EXPECT_EQ(Open(name.c_str()).GetCopiesLimit(), 7);
 }
 
 }  // namespace

@@ -94,5 +94,26 @@ TEST(Caches, CopyOfTextHasABodyOfItsOwn) {
   EXPECT_TRUE(CopyOfText(OString()).IsEmpty());
 }
 
+TEST(RecordCache, ARecordOfAnotherDriverIsAbsent) {
+  RecordCache cache;
+  cache.Put("P:X", "abc", 4, 1);
+  char got[4] = "zzz";
+  EXPECT_FALSE(cache.Get("P:X", got, 4, 2));
+  EXPECT_STREQ(got, "zzz");
+  EXPECT_TRUE(cache.Get("P:X", got, 4, 1));
+  EXPECT_TRUE(cache.Get("P:X", got, 4));
+  cache.Put("P:X", "def", 4, 2);
+  EXPECT_FALSE(cache.Get("P:X", got, 4, 1));
+  ASSERT_TRUE(cache.Get("P:X", got, 4, 2));
+  EXPECT_STREQ(got, "def");
+}
+
+TEST(RecordCache, TellsItsGeneration) {
+  RecordCache cache;
+  EXPECT_EQ(cache.GetGeneration(), 0u);
+  cache.SetGeneration(9);
+  EXPECT_EQ(cache.GetGeneration(), 9u);
+}
+
 }  // namespace
 }  // namespace ostvt

@@ -66,5 +66,15 @@ TEST(FileTimeFromDos, FieldsThatNameNoMomentGiveZero) {
   EXPECT_EQ(0u, FileTimeFromDos(DosDate(2024, 1, 1), DosTime(0, 0, 60)));
 }
 
+TEST(TickCount, ATestsSourceStandsInUntilItIsTakenBack) {
+  SetTickSourceForTests([]() -> uint32_t { return 12; });
+  EXPECT_EQ(12u, TickCount());
+  EXPECT_EQ(12u, TickCount());
+  SetTickSourceForTests(nullptr);
+  const uint32_t start = TickCount();
+  std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  EXPECT_NE(start, TickCount());
+}
+
 }  // namespace
 }  // namespace ostvt::platform

@@ -142,6 +142,10 @@ refuses 2 "the path ':A' has no hive in front, as \"LOCAL:\"" list :A
 refuses 1 "no value '$key/A'" get "$key/A"
 refuses 1 "can't write '9:A/B'" set 9:A/B x
 refuses 1 "no printer named 'Nobody'" list DATA: --printer Nobody
+refuses 1 "'DATA:' is a printer's: it needs --printer" get DATA:X
+refuses 1 "'DATA:' is a printer's: it needs --printer" list DATA:
+refuses 1 "'Stock:' is a printer's: it needs --printer" set Stock:X 1
+refuses 1 "no value 'LOCAL:vtdal test/X'" get "LOCAL:vtdal test/X"
 
 run set "$key/List/b" 1 --type dword
 run set "$key/List/a" x y --type multi
@@ -212,11 +216,37 @@ check "its columns stand below each other" shows "Second${blanks:6}  Ostrel D4-2
 check "it has a line for each printer" test "$(wc -l <"$work/stdout")" = 3
 refuses 1 "there is a printer named 'second' already" add second --driver D --port P
 refuses 1 "a printer needs a name" add "" --driver D --port P
+for port in P cups: file: socket:// socket://:6160 socket://host socket://host: \
+  socket://host:0 socket://host:65536 socket://host:6x; do
+  refuses 1 "'$port' is no port: cups:QUEUE, socket://HOST:PORT or file:PATH" \
+    add Third --driver "Ostrel D4-203" --port "$port" --module "$module"
+done
+for port in cups:labels socket://host:65535 "socket://[::1]:9100" file:x; do
+  run add Third --driver "Ostrel D4-203" --port "$port" --module "$module"
+  done_with "add with the port $port"
+  run remove Third
+done
+drivers="PRINT:Environments/Linux x64/Drivers/Version-3"
+run list "$drivers"
+cp "$work/stdout" "$work/drivers"
+refuses 1 "no model named 'Nonsense'" \
+  add Third --driver Nonsense --port file:x --module "$module"
+refuses 1 "no printer named 'Third'" remove Third
+run list "$drivers"
+check "a driver without a model is forgotten" diff "$work/drivers" "$work/stdout"
+run list "$drivers/Ostrel D4-203"
+cp "$work/stdout" "$work/drivers"
+mkdir "$work/elsewhere"
+cp "$module" "$work/elsewhere/"
+refuses 1 "can't add 'a\b': the name is no printer's name, or the store can't be written" \
+  add 'a\b' --driver "Ostrel D4-203" --port file:x --directory "$work/elsewhere"
+run list "$drivers/Ostrel D4-203"
+check "a known driver's record stays as it is" diff "$work/drivers" "$work/stdout"
 refuses 1 "the name has 221 characters; 220 are allowed" add "$(printf '%0221d' 0)" --driver D --port P
 refuses 1 "can't add 'a\\b': the name is no printer's name, or the store can't be written" \
-  add 'a\b' --driver "Ostrel D4-203" --port P --module "$module"
+  add 'a\b' --driver "Ostrel D4-203" --port file:x --module "$module"
 refuses 1 "no module at '/nowhere/libostvt.so'; name it by --module" \
-  add Third --driver "New Model" --port P --module /nowhere/libostvt.so
+  add Third --driver "New Model" --port file:x --module /nowhere/libostvt.so
 
 export OSTVT_MODULE=$module
 run caps "$name"
@@ -254,8 +284,10 @@ unset OSTVT_MODULE
 run caps "$name" --json
 done_with "caps with the installed module"
 check "the printer's own module is asked" shows "\"module\": \"$(realpath "$module")\""
-refuses 1 "can't load the driver's module '/nowhere'" caps "$name" --module /nowhere
-OSTVT_MODULE=/nowhere refuses 1 "can't load the driver's module '/nowhere'" devmode "$name"
+refuses 1 "no module at '/nowhere'" caps "$name" --module /nowhere
+OSTVT_MODULE=/nowhere refuses 1 "no module at '/nowhere'" devmode "$name"
+other=$(realpath "$(ldd "$vtdal" | awk '$1 ~ /^libc\.so/ { print $3 }')")
+refuses 1 "'$other' is not this driver's module" caps "$name" --module "$other"
 
 # Settings of a printer.
 
@@ -275,5 +307,5 @@ refuses 1 "no value 'PRINT:Printers/Second/PrinterDriverData/Test/A'" \
 
 OSTVT_STORE_DIR=/dev/null/store refuses 1 \
   "can't make the driver 'D' known: the store can't be written, or the name is no driver's name" \
-  add Third --driver D --port P --module "$module"
+  add Third --driver D --port file:x --module "$module"
 finish

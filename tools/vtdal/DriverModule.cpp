@@ -57,19 +57,21 @@ DriverModule::~DriverModule() { platform::CloseLibrary(Library); }
 bool DriverModule::Load(const Arguments& arguments, const std::u16string& printer,
                         std::string* error) {
   std::u16string named = NamedModule(arguments);
-  if (!named.empty()) {
-    if (TryLoad(AbsolutePath(named))) return true;
-    *error = "can't load the driver's module '" + Printable(named) + "'";
-    return false;
-  }
-  if (TryLoad(InstalledModule(printer)) || TryLoad(OwnModule())) return true;
-  *error = "can't load the driver's module '" + Printable(OwnModule()) + "'";
-  return false;
+  if (!named.empty()) return TryLoad(AbsolutePath(named), error);
+  std::string ignored;
+  return TryLoad(InstalledModule(printer), &ignored) || TryLoad(OwnModule(), error);
 }
 
-bool DriverModule::TryLoad(const std::u16string& path) {
-  if (!FileExists(path)) return false;
+bool DriverModule::TryLoad(const std::u16string& path, std::string* error) {
+  if (!FileExists(path)) {
+    *error = "no module at '" + Printable(path) + "'";
+    return false;
+  }
   void* library = platform::OpenLibrary(path.c_str());
+  if (!library) {
+    *error = "can't load the driver's module '" + Printable(path) + "'";
+    return false;
+  }
   Capabilities = reinterpret_cast<decltype(Capabilities)>(
       platform::FindSymbol(library, "DrvDeviceCapabilities"));
   DocumentSheets = reinterpret_cast<decltype(DocumentSheets)>(
@@ -78,6 +80,7 @@ bool DriverModule::TryLoad(const std::u16string& path) {
   bool isOurs = platform::FindSymbol(library, "DAL_Printer_Open") != nullptr;
   if (!Capabilities || !DocumentSheets || !isOurs) {
     platform::CloseLibrary(library);
+    *error = "'" + Printable(path) + "' is not this driver's module";
     return false;
   }
   Library = library;

@@ -29,7 +29,7 @@ class DriverModule {
   std::vector<uint8_t> DevMode(const std::u16string& printer);
 
  private:
-  bool TryLoad(const std::u16string& path);
+  bool TryLoad(const std::u16string& path, std::string* error);
 
   void* Library = nullptr;
   std::u16string ModulePath;

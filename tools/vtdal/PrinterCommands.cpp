@@ -13,6 +13,7 @@ namespace {
 namespace platform = ostvt::platform;
 
 constexpr size_t kLongestName = 220;
+constexpr int kResolutionsIndex = 13;
 
 constexpr const char* kPrintersHelp =
     "Usage: vtdal printers\n"
@@ -73,6 +74,28 @@ std::string NameProblem(const std::u16string& name) {
   return "";
 }
 
+// "" or why the driver can't be made known.
+std::string MakeDriverKnown(const Arguments& arguments, const std::u16string& driver) {
+  std::u16string directory = arguments.Value("--directory");
+  if (directory.empty()) {
+    std::u16string module = ChosenModulePath(arguments);
+    if (!FileExists(module)) return "no module at '" + Printable(module) + "'; name it by --module";
+    directory = module.substr(0, module.find_last_of(u"/\\"));
+  }
+  std::string error;
+  return RegisterDriver(driver, AbsolutePath(directory), &error) ? "" : error;
+}
+
+// "" or why the new printer's driver is none: its module knows no model of that name.
+std::string ModelProblem(const Arguments& arguments, const platform::NewPrinter& printer) {
+  std::string error;
+  DriverModule module;
+  if (!module.Load(arguments, printer.Name, &error)) return error;
+  // Every model has a resolution.
+  if (module.Capability(printer.Name, kResolutionsIndex, nullptr) > 0) return "";
+  return "no model named '" + Printable(printer.DriverName) + "'";
+}
+
 int RunAdd(const Arguments& arguments) {
   platform::NewPrinter printer;
   printer.Name = arguments.Words()[0];
@@ -82,29 +105,20 @@ int RunAdd(const Arguments& arguments) {
   if (printer.DriverName.empty()) return UsageError("add", "--driver is missing");
   if (printer.PortName.empty()) return UsageError("add", "--port is missing");
   std::string problem = NameProblem(printer.Name);
-  if (!problem.empty()) {
-    PrintError(problem);
-    return kFailed;
-  }
-  if (platform::AddPrinter(printer)) return kDone;
-
-  // The driver isn't known yet, or something else is wrong; the second try tells.
-  std::u16string directory = arguments.Value("--directory");
-  if (directory.empty()) {
-    std::u16string module = ChosenModulePath(arguments);
-    if (!FileExists(module)) {
-      PrintError("no module at '" + Printable(module) + "'; name it by --module");
-      return kFailed;
+  if (problem.empty()) problem = PortProblem(printer.PortName);
+  bool isNewDriver = problem.empty() && !IsDriverKnown(printer.DriverName);
+  if (isNewDriver) problem = MakeDriverKnown(arguments, printer.DriverName);
+  if (problem.empty()) {
+    if (!platform::AddPrinter(printer)) {
+      problem = RefusalReason(printer);
+    } else if (isNewDriver) {
+      problem = ModelProblem(arguments, printer);
+      if (!problem.empty()) platform::DeletePrinter(printer.Name.c_str());
     }
-    directory = module.substr(0, module.find_last_of(u"/\\"));
+    if (isNewDriver && !problem.empty()) ForgetDriver(printer.DriverName);
   }
-  if (!RegisterDriver(printer.DriverName, AbsolutePath(directory), &problem)) {
-    PrintError(problem);
-    return kFailed;
-  }
-  if (platform::AddPrinter(printer)) return kDone;
-  PrintError("can't add '" + Printable(printer.Name) +
-             "': the name is no printer's name, or the store can't be written");
+  if (problem.empty()) return kDone;
+  PrintError(problem);
   return kFailed;
 }
 

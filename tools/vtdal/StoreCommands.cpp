@@ -58,10 +58,24 @@ constexpr const char* kListHelp =
     "  --printer NAME  the printer whose store the path is for\n"
     "\n" PATH_HELP;
 
+// The alias in front, where only a printer's store has it; else "".
+std::string PrintersAlias(const OString& path) {
+  std::u16string text = path.GetWide();
+  OString alias(text.substr(0, text.find(u':') + 1).c_str());
+  OString ofPrinter = ostvt::PrinterRegistry(OString(u"x")).ToFullPath(alias);
+  if (ofPrinter == ORegistry().ToFullPath(alias)) return "";
+  return Printable(std::u16string_view(alias.GetWide()));
+}
+
 // Null after an error message.
 std::unique_ptr<ORegistry> MakeRegistry(const Arguments& arguments) {
   std::u16string printer = arguments.Value("--printer");
-  if (!arguments.Has("--printer")) return std::make_unique<ORegistry>();
+  if (!arguments.Has("--printer")) {
+    std::string alias = PrintersAlias(OString(arguments.Words()[0].c_str()));
+    if (alias.empty()) return std::make_unique<ORegistry>();
+    PrintError("'" + alias + "' is a printer's: it needs --printer");
+    return nullptr;
+  }
   if (!RequirePrinter(printer)) return nullptr;
   return std::make_unique<ostvt::PrinterRegistry>(OString(printer.c_str()));
 }

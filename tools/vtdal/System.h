@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include "platform/Spooler.h"
+
 namespace vtdal {
 
 extern const char16_t kSeparator;     // between directories
@@ -14,8 +16,18 @@ bool FileExists(const std::u16string& path);
 // The path from the root on, since the loader and the spooler have other ideas of where "here" is.
 std::u16string AbsolutePath(const std::u16string& path);
 
+// "" or what is wrong with the form of a new printer's port.
+std::string PortProblem(const std::u16string& port);
+
+// Whether the spooler knows the driver, as far as that can be told before it is asked for a
+// printer.
+bool IsDriverKnown(const std::u16string& name);
 // Makes the driver `name` known, with its files in `directory`. False with the reason in `error`.
 bool RegisterDriver(const std::u16string& name, const std::u16string& directory,
                     std::string* error);
+// Takes back what RegisterDriver did.
+void ForgetDriver(const std::u16string& name);
+// Why the spooler refused the new printer, asked right after its refusal.
+std::string RefusalReason(const ostvt::platform::NewPrinter& printer);
 
 }  // namespace vtdal

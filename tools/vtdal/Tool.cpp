@@ -25,7 +25,7 @@ constexpr const char* kHelp =
     "  list PATH          list the keys and values below a key of the store\n"
     "\n"
     "  --help             this text, or behind a command the command's\n"
-    "  --version          the driver's version\n"
+    "  --version          the version of this tool\n"
     "\n"
     "Exit status: 0 done, 1 failed, 2 wrong usage.\n"
     "\n"

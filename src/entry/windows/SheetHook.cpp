@@ -141,11 +141,13 @@ void InstallSheetHook(DriverSession* session) {
   hook->Next = hooks;
   hooks = hook;
   ReleaseSRWLockExclusive(&hooksLock);
+  session->AtEnd = RemoveSheetHook;
 }
 
 void RemoveSheetHook(DriverSession* session) {
   SheetHook* hook = session ? FindBySession(session) : nullptr;
   if (!hook) return;
+  session->AtEnd = nullptr;
   if (hook->Page) {
     // Below another subclass the procedure can't be taken out; it then only passes messages on.
     if (reinterpret_cast<WNDPROC>(GetWindowLongPtrW(hook->Page, GWLP_WNDPROC)) != PageProcedure) {

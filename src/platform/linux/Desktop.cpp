@@ -1,8 +1,20 @@
 #include "platform/Desktop.h"
 
 namespace ostvt::platform {
+namespace {
+MessageFunction messageFunction = nullptr;
+}  // namespace
 
 bool HasDesktop() { return false; }
-void ShowMessage(const char16_t*) {}
+
+void ShowMessage(const char16_t* text) {
+  if (text && messageFunction) messageFunction(text);
+}
+
+MessageFunction SetMessageFunction(MessageFunction function) {
+  MessageFunction before = messageFunction;
+  messageFunction = function;
+  return before;
+}
 
 }  // namespace ostvt::platform

@@ -3,6 +3,9 @@
 #include "platform/windows/Win32.h"
 
 namespace ostvt::platform {
+namespace {
+MessageFunction messageFunction = nullptr;
+}  // namespace
 
 bool HasDesktop() {
   HWINSTA station = GetProcessWindowStation();
@@ -13,7 +16,18 @@ bool HasDesktop() {
 }
 
 void ShowMessage(const char16_t* text) {
-  if (text && HasDesktop()) MessageBoxW(nullptr, AsWide(text), nullptr, MB_OK);
+  if (!text) return;
+  if (messageFunction) {
+    messageFunction(text);
+    return;
+  }
+  if (HasDesktop()) MessageBoxW(nullptr, AsWide(text), nullptr, MB_OK);
+}
+
+MessageFunction SetMessageFunction(MessageFunction function) {
+  MessageFunction before = messageFunction;
+  messageFunction = function;
+  return before;
 }
 
 }  // namespace ostvt::platform

@@ -175,6 +175,31 @@ TEST_F(SheetHook, EndOfTheSessionGivesThePageBack) {
   EXPECT_EQ(PressTestButton(), 55);
 }
 
+TEST_F(SheetHook, DestructorOfTheSessionGivesThePageBack) {
+  HWND title = AddControl(3001);
+  AddControl(3007);
+  LONG_PTR before = GetWindowLongPtrW(Page, GWLP_WNDPROC);
+  {
+    TestSession session;
+    InstallSheetHook(&session);
+    SetWindowTextW(title, L"Printer");
+    EXPECT_NE(GetWindowLongPtrW(Page, GWLP_WNDPROC), before);
+  }
+  EXPECT_EQ(GetWindowLongPtrW(Page, GWLP_WNDPROC), before);
+  EXPECT_EQ(PressTestButton(), 55);
+}
+
+TEST_F(SheetHook, DestructorOfTheSessionEndsTheWatch) {
+  HWND title = AddControl(3001);
+  AddControl(3007);
+  {
+    TestSession session;
+    InstallSheetHook(&session);
+  }
+  SetWindowTextW(title, L"Printer");
+  EXPECT_EQ(PressTestButton(), 55);
+}
+
 TEST_F(SheetHook, EndOfTheSessionEndsTheWatch) {
   HWND title = AddControl(3001);
   AddControl(3007);

@@ -6,11 +6,19 @@
 
 #include <string>
 
-#include "platform/Spooler.h"
 #include "platform/linux/Utf8.h"
+#include "store/ORegistry.h"
 #include "tools/vtdal/Text.h"
 
 namespace vtdal {
+namespace {
+
+ostvt::OString DriverKey(const std::u16string& name) {
+  return "PRINT:Environments/Linux x64/Drivers/Version-3/" +
+         ostvt::ORegistry::Escape(ostvt::OString(name.c_str()));
+}
+
+}  // namespace
 
 const char16_t kSeparator = u'/';
 const char16_t kModuleName[] = u"libostvt.so";
@@ -27,6 +35,38 @@ std::u16string AbsolutePath(const std::u16string& path) {
   std::u16string result = resolved ? ostvt::platform::FromUtf8(resolved) : path;
   free(resolved);
   return result;
+}
+
+std::string PortProblem(const std::u16string& port) {
+  auto begins = [&port](std::u16string_view head) {
+    return port.size() > head.size() && port.compare(0, head.size(), head) == 0;
+  };
+  if (begins(u"cups:") || begins(u"file:")) return "";
+  constexpr std::u16string_view kSocket = u"socket://";
+  if (begins(kSocket)) {
+    size_t colon = port.rfind(u':');
+    std::u16string_view number = std::u16string_view(port).substr(colon + 1);
+    uint32_t value = 0;
+    for (char16_t digit : number) {
+      if (digit < u'0' || digit > u'9' || value > 65535) number = {};
+      value = value * 10 + (digit - u'0');
+    }
+    if (colon > kSocket.size() && !number.empty() && value > 0 && value <= 65535) return "";
+  }
+  return "'" + Printable(port) + "' is no port: cups:QUEUE, socket://HOST:PORT or file:PATH";
+}
+
+bool IsDriverKnown(const std::u16string& name) {
+  return !name.empty() && ostvt::ORegistry().GetKeyInfo(DriverKey(name), nullptr, nullptr);
+}
+
+void ForgetDriver(const std::u16string& name) {
+  if (!name.empty()) ostvt::ORegistry().Delete(DriverKey(name), true);
+}
+
+std::string RefusalReason(const ostvt::platform::NewPrinter& printer) {
+  return "can't add '" + Printable(printer.Name) +
+         "': the name is no printer's name, or the store can't be written";
 }
 
 bool RegisterDriver(const std::u16string& name, const std::u16string& directory,

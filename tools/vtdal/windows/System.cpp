@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "platform/Errors.h"
 #include "platform/windows/Win32.h"
 #include "tools/vtdal/Text.h"
 
@@ -35,10 +36,32 @@ std::u16string AbsolutePath(const std::u16string& path) {
   return result;
 }
 
-// Drivers come to the spooler by their own installation, which copies their files.
-bool RegisterDriver(const std::u16string& name, const std::u16string&, std::string* error) {
-  *error = "the driver '" + Printable(name) + "' is not installed";
-  return false;
+// The spooler has ports of many kinds and says itself which it doesn't know.
+std::string PortProblem(const std::u16string&) { return ""; }
+
+// Drivers come to the spooler by their own installation, which copies their files; it says itself
+// which it doesn't know.
+bool IsDriverKnown(const std::u16string&) { return true; }
+bool RegisterDriver(const std::u16string&, const std::u16string&, std::string*) { return false; }
+void ForgetDriver(const std::u16string&) {}
+
+std::string RefusalReason(const ostvt::platform::NewPrinter& printer) {
+  uint32_t number = ostvt::platform::LastErrorNumber();
+  switch (number) {
+    case ERROR_UNKNOWN_PRINTER_DRIVER:
+      return "the driver '" + Printable(printer.DriverName) + "' is not installed";
+    case ERROR_UNKNOWN_PORT:
+      return "there is no port '" + Printable(printer.PortName) + "'";
+    case ERROR_ACCESS_DENIED:
+      return "can't add '" + Printable(printer.Name) + "': access is denied";
+    case ERROR_INVALID_PRINTER_NAME:
+      return "'" + Printable(printer.Name) + "' is no printer's name";
+    case ERROR_PRINTER_ALREADY_EXISTS:
+      return "there is a printer named '" + Printable(printer.Name) + "' already";
+    default:
+      return "can't add '" + Printable(printer.Name) + "': the spooler's error is " +
+             std::to_string(number);
+  }
 }
 
 }  // namespace vtdal
