@@ -57,8 +57,13 @@ KeyHandle OpenKey(Hive hive, const char16_t* subKey, bool create) {
   // name into that of the key above.
   if (!root || !IsKeyPath(subKey)) return nullptr;
   HKEY key = nullptr;
-  if (RegOpenKeyExW(root, AsWide(subKey), 0, kReadWrite, &key) == ERROR_SUCCESS) return key;
-  if (RegOpenKeyExW(root, AsWide(subKey), 0, kReadOnly, &key) == ERROR_SUCCESS) return key;
+  const LSTATUS opened = RegOpenKeyExW(root, AsWide(subKey), 0, kReadWrite, &key);
+  if (opened == ERROR_SUCCESS) return key;
+  // A key that is not there is not there for reading either; most keys asked for are not.
+  if (opened != ERROR_FILE_NOT_FOUND &&
+      RegOpenKeyExW(root, AsWide(subKey), 0, kReadOnly, &key) == ERROR_SUCCESS) {
+    return key;
+  }
   return create ? CreateKey(root, subKey) : nullptr;
 }
 
