@@ -44,13 +44,9 @@ void PlatformCalls(const wchar_t* printer) {
   PRINTER_DEFAULTSW defaults = {nullptr, nullptr, PRINTER_ACCESS_USE};
   if (!OpenPrinterW(const_cast<wchar_t*>(printer), &handle, &defaults)) return;
   DWORD needed = 0;
-  GetPrinterW(handle, 2, nullptr, 0, &needed);
-  std::vector<BYTE> record(needed);
-  GetPrinterW(handle, 2, record.data(), needed, &needed);
-  needed = 0;
-  GetPrinterDriverW(handle, nullptr, 6, nullptr, 0, &needed);
-  record.resize(needed);
-  GetPrinterDriverW(handle, nullptr, 6, record.data(), needed, &needed);
+  static BYTE record[8192];
+  GetPrinterW(handle, 2, record, sizeof(record), &needed);
+  GetPrinterDriverW(handle, nullptr, 6, record, sizeof(record), &needed);
   ClosePrinter(handle);
   wchar_t computer[MAX_COMPUTERNAME_LENGTH + 1];
   DWORD length = MAX_COMPUTERNAME_LENGTH + 1;
