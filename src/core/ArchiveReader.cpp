@@ -1,14 +1,12 @@
 #include "core/ArchiveReader.h"
 
+#include "core/ArchiveFile.h"
 #include "core/LZ77.h"
 #include "core/Memory.h"
-#include "core/OFile.h"
 #include "platform/Clock.h"
 
 namespace ostvt {
 namespace {
-
-using platform::FileOrigin;
 
 // The parts of a zip file that are read, by their offsets; all numbers are little-endian.
 constexpr uint32_t kEndSize = 22;
@@ -18,6 +16,7 @@ constexpr uint32_t kEndDirectory = 16;
 
 constexpr uint32_t kCentralSize = 46;
 constexpr uint32_t kCentralSignature = 0x02014B50;
+constexpr uint32_t kCentralPackedSize = 20;
 constexpr uint32_t kCentralNameLength = 28;
 constexpr uint32_t kCentralLocalHeader = 42;
 
@@ -29,6 +28,11 @@ constexpr uint32_t kLocalPackedSize = 18;
 constexpr uint32_t kLocalPlainSize = 22;
 constexpr uint32_t kLocalNameLength = 26;
 
+// Small members' local records are kept from the start, up to a sum: to open a file once more takes
+// longer than to read a definition.
+constexpr uint32_t kSmallRecord = 8192;
+constexpr uint32_t kSmallRecordSum = 65536;
+
 constexpr uint32_t kAttributeTemporary = 256;
 
 uint16_t WordAt(const uint8_t* record, uint32_t offset) {
@@ -38,8 +42,9 @@ uint32_t DwordAt(const uint8_t* record, uint32_t offset) {
   return WordAt(record, offset) | static_cast<uint32_t>(WordAt(record, offset + 2)) << 16;
 }
 
-bool ReadRecord(OFile& file, uint8_t* record, uint32_t size, uint32_t signature) {
-  return file.Read(record, size) == size && DwordAt(record, 0) == signature;
+bool ReadRecord(ArchiveFile& file, uint32_t position, uint8_t* record, uint32_t size,
+                uint32_t signature) {
+  return file.Read(position, record, size) && DwordAt(record, 0) == signature;
 }
 
 uint8_t* AllocBytes(uint64_t size) {
@@ -51,6 +56,24 @@ OString NameIn(const ArchiveMember& member) {
   name.AssignCount(reinterpret_cast<const char*>(member.CentralRecord) + kCentralSize,
                    static_cast<int>(member.CentralRecordSize - kCentralSize));
   return name;
+}
+
+// The member whose central record lies at `position`, named; null if it breaks off.
+ArchiveMember* ReadCentralRecord(ArchiveFile& file, uint32_t position) {
+  uint8_t central[kCentralSize];
+  if (!ReadRecord(file, position, central, kCentralSize, kCentralSignature)) return nullptr;
+  const uint32_t nameLength = WordAt(central, kCentralNameLength);
+  if (nameLength > file.Size() - position - kCentralSize) return nullptr;
+  auto* member = new ArchiveMember;
+  member->CentralRecordSize = kCentralSize + nameLength;
+  member->CentralRecord = AllocBytes(member->CentralRecordSize);
+  CopyBytes(member->CentralRecord, central, kCentralSize);
+  if (!file.Read(position + kCentralSize, member->CentralRecord + kCentralSize, nameLength)) {
+    delete member;
+    return nullptr;
+  }
+  member->Name = NameIn(*member);
+  return member;
 }
 
 }  // namespace
@@ -76,39 +99,43 @@ bool ArchiveReader::LoadPending() {
   while (PendingPaths.Count > 0) {
     CurrentPath = PendingPaths[0];
     PendingPaths.RemoveAt(0);
-    OFile file(CurrentPath, kFileShareRead);
+    ArchiveFile file(CurrentPath);
     if (!file.IsOpen() || !LoadDirectory(file)) return false;
   }
   return true;
 }
 
-bool ArchiveReader::LoadDirectory(OFile& file) {
+bool ArchiveReader::LoadDirectory(ArchiveFile& file) {
   uint8_t end[kEndSize];
-  file.Seek(-static_cast<int64_t>(kEndSize), FileOrigin::kEnd);
-  if (!ReadRecord(file, end, kEndSize, kEndSignature)) return true;
-  const uint32_t size = file.GetSize();
-  uint32_t position = file.Seek(DwordAt(end, kEndDirectory), FileOrigin::kBegin);
-  for (uint32_t entries = WordAt(end, kEndEntries); entries > 0; --entries) {
-    uint8_t central[kCentralSize];
-    if (!ReadRecord(file, central, kCentralSize, kCentralSignature)) return false;
-    position += kCentralSize;
-    const uint32_t nameLength = WordAt(central, kCentralNameLength);
-    if (nameLength > size - position) return false;
-    position += nameLength;
-
-    ArchiveMember* member = new ArchiveMember;
-    member->CentralRecordSize = kCentralSize + nameLength;
-    member->CentralRecord = AllocBytes(member->CentralRecordSize);
-    CopyBytes(member->CentralRecord, central, kCentralSize);
-    if (file.Read(member->CentralRecord + kCentralSize, nameLength) != nameLength) {
-      delete member;
-      return false;
-    }
-    member->Name = NameIn(*member);
+  const uint32_t size = file.Size();
+  if (size < kEndSize || !ReadRecord(file, size - kEndSize, end, kEndSize, kEndSignature)) {
+    return true;
+  }
+  const int32_t first = Members.Count;
+  uint32_t position = DwordAt(end, kEndDirectory);
+  uint32_t left = WordAt(end, kEndEntries);
+  for (; left > 0; --left) {
+    ArchiveMember* member = ReadCentralRecord(file, position);
+    if (member == nullptr) break;
     member->ArchivePath = CurrentPath;
     Members.Add(member);
+    position += member->CentralRecordSize;
   }
-  return true;
+  LoadSmallMembers(file, first);
+  return left == 0;
+}
+
+void ArchiveReader::LoadSmallMembers(ArchiveFile& file, int32_t first) {
+  uint32_t room = kSmallRecordSum;
+  for (int32_t i = first; i < Members.Count; ++i) {
+    ArchiveMember* member = static_cast<ArchiveMember*>(Members[i]);
+    const uint32_t largest = room < kSmallRecord ? room : kSmallRecord;
+    // The directory's word saves reading at members that are not small. Where the local record says
+    // otherwise the archive is damaged, and each member waits until it is wanted.
+    if (DwordAt(member->CentralRecord, kCentralPackedSize) > largest) continue;
+    if (!LoadLocalRecord(file, member, kLargestMember, largest)) return;
+    room -= member->LocalRecordSize;
+  }
 }
 
 ArchiveMember* ArchiveReader::FindMember(const OString& name, uint32_t largest) {
@@ -120,32 +147,33 @@ ArchiveMember* ArchiveReader::FindMember(const OString& name, uint32_t largest) 
     ArchiveMember* member = static_cast<ArchiveMember*>(Members[i]);
     if (member->Name.CompareNoCase(name) != 0) continue;
     if (member->DataSize > 0) return member->DataSize <= largest ? member : nullptr;
-    if (member->LocalRecord == nullptr && !LoadLocalRecord(member, largest)) return nullptr;
+    if (member->LocalRecord == nullptr) {
+      ArchiveFile file(member->ArchivePath);
+      if (!LoadLocalRecord(file, member, largest, 0xFFFFFFFF)) return nullptr;
+    }
     if (DwordAt(member->LocalRecord, kLocalPlainSize) > largest) return nullptr;
     return Expand(member) ? member : nullptr;
   }
   return nullptr;
 }
 
-bool ArchiveReader::LoadLocalRecord(ArchiveMember* member, uint32_t largest) {
-  OFile file(member->ArchivePath, kFileShareRead);
-  const uint32_t fileSize = file.GetSize();
+bool ArchiveReader::LoadLocalRecord(ArchiveFile& file, ArchiveMember* member, uint32_t largest,
+                                    uint32_t largestRecord) {
   const uint32_t start = DwordAt(member->CentralRecord, kCentralLocalHeader);
   uint8_t local[kLocalSize];
-  file.Seek(start, FileOrigin::kBegin);
-  if (start > fileSize || !ReadRecord(file, local, kLocalSize, kLocalSignature)) return false;
+  if (!ReadRecord(file, start, local, kLocalSize, kLocalSignature)) return false;
 
   const uint32_t packedSize = DwordAt(local, kLocalPackedSize);
   const uint32_t plainSize = DwordAt(local, kLocalPlainSize);
   const uint64_t size =
       static_cast<uint64_t>(kLocalSize) + WordAt(local, kLocalNameLength) + packedSize;
-  if (size > fileSize - start) return false;
+  if (size > file.Size() - start || size > largestRecord) return false;
   if (plainSize > largest || !LZ77::IsPlausibleSize(plainSize, packedSize)) return false;
 
   uint8_t* record = AllocBytes(size);
   CopyBytes(record, local, kLocalSize);
   const uint32_t rest = static_cast<uint32_t>(size) - kLocalSize;
-  if (file.Read(record + kLocalSize, rest) != rest) {
+  if (!file.Read(start + kLocalSize, record + kLocalSize, rest)) {
     FreeCounted(record);
     return false;
   }

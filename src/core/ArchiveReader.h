@@ -15,7 +15,7 @@
 
 namespace ostvt {
 
-class OFile;
+class ArchiveFile;
 
 // One member: named, then with its local record, then with its data. Blocks are counted ones.
 struct ArchiveMember {
@@ -50,7 +50,8 @@ class ArchiveReader {
   ArchiveReader(const ArchiveReader&) = delete;
   ArchiveReader& operator=(const ArchiveReader&) = delete;
 
-  // The archive is opened at the first look-up. False if there is no such file.
+  // The archive is opened at the first look-up, and again only for members that are not small.
+  // False if there is no such file.
   bool AddArchive(const OString& path);
   // A file that does not end in an archive's end record is passed over. One that can't be opened,
   // or whose directory breaks off, ends the call with false: its members so far stay, and archives
@@ -75,8 +76,10 @@ class ArchiveReader {
   uint32_t GetLookupCount();
 
  private:
-  bool LoadDirectory(OFile& file);
-  static bool LoadLocalRecord(ArchiveMember* member, uint32_t largest);
+  bool LoadDirectory(ArchiveFile& file);
+  void LoadSmallMembers(ArchiveFile& file, int32_t first);
+  static bool LoadLocalRecord(ArchiveFile& file, ArchiveMember* member, uint32_t largest,
+                              uint32_t largestRecord);
   static bool Expand(ArchiveMember* member);
 
   PointerArray Members;

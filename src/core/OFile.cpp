@@ -21,6 +21,11 @@ uint32_t ShareOf(uint32_t mode) {
   }
 }
 
+uint32_t SizeOrMost(int64_t size) {
+  if (size < 0) return 0;
+  return size < 0xFFFFFFFF ? static_cast<uint32_t>(size) : 0xFFFFFFFF;
+}
+
 }  // namespace
 
 OFile::~OFile() { OFile::Close(); }
@@ -52,14 +57,12 @@ void OFile::Close() {
 uint32_t OFile::Seek(int64_t offset, platform::FileOrigin origin) {
   if (!IsOpen()) return 0;
   Flush();
-  const int64_t position = platform::SeekFile(Handle, offset, origin);
-  return position < 0 ? 0 : static_cast<uint32_t>(position);
+  return SizeOrMost(platform::SeekFile(Handle, offset, origin));
 }
 
 uint32_t OFile::GetSize() {
   if (!IsOpen()) return 0;
-  const uint64_t size = platform::FileSize(Handle);
-  return size < 0xFFFFFFFF ? static_cast<uint32_t>(size) : 0xFFFFFFFF;
+  return SizeOrMost(static_cast<int64_t>(platform::FileSize(Handle)));
 }
 
 uint32_t OFile::Read(void* buffer, uint32_t size) {

@@ -29,7 +29,8 @@ class OFile : public OStream {
   // Closes what was open.
   virtual bool Open(const OString& path, uint32_t mode);
   virtual void Close();
-  // The new position from the start. A position before the start is not taken and gives 0.
+  // The new position from the start, at most 0xFFFFFFFF. One before the start is not taken and
+  // gives 0.
   virtual uint32_t Seek(int64_t offset, platform::FileOrigin origin);
   // At most 0xFFFFFFFF.
   virtual uint32_t GetSize();

@@ -28,7 +28,8 @@ struct FileTimes {
 };
 
 // For reading, with `write` also for writing; a missing file is made if `create`. Positioned at the
-// start. Null on failure; a directory can't be opened. Close with CloseFile.
+// start. Null on failure; a directory can't be opened, nor a Linux pipe for reading. Close with
+// CloseFile.
 FileHandle OpenFile(const char16_t* path, bool write, uint32_t share, bool create);
 void CloseFile(FileHandle file);  // null is allowed
 

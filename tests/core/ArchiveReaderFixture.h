@@ -19,6 +19,17 @@ inline ZipEntry Entry(const std::string& name, const std::string& data) {
   return entry;
 }
 
+// Text that does not pack to much less than half.
+inline std::string NoiseText(size_t size) {
+  std::string text;
+  uint32_t state = 1;
+  while (text.size() < size) {
+    state = state * 1664525 + 1013904223;
+    text += static_cast<char>(' ' + (state >> 24) % 95);
+  }
+  return text;
+}
+
 class ArchiveReaderFixture : public testing::Test {
  protected:
   OString PathOf(const std::string& name) const { return Directory.Path(name).c_str(); }

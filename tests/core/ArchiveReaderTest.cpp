@@ -116,6 +116,35 @@ TEST_F(ArchiveReaderTest, DataIsExpandedOnceAndNeverCopied) {
   EXPECT_EQ(data, Reader.FindMember("x.d")->Data);
 }
 
+TEST_F(ArchiveReaderTest, SmallMembersAreReadWhileTheDirectoryIs) {
+  const std::string large = test::NoiseText(20000);
+  Add(ZipBuilder().Add("small.d", "text").Add("large.d", large).Add("last.d", "3"));
+  ASSERT_TRUE(Reader.LoadPending());
+  ASSERT_TRUE(OFile::DeleteFile(PathOf("a.ddz")));
+  EXPECT_EQ("text", Data("small.d"));
+  EXPECT_EQ("3", Data("last.d"));
+  EXPECT_EQ("(none)", Data("large.d"));
+}
+
+TEST_F(ArchiveReaderTest, ManySmallMembersAreNotAllReadAtOnce) {
+  ZipBuilder zip;
+  for (int i = 0; i < 100; ++i) zip.Add(std::to_string(i) + ".d", test::NoiseText(2000));
+  Add(zip);
+  ASSERT_TRUE(Reader.LoadPending());
+  EXPECT_EQ(test::NoiseText(2000), Data("99.d"));
+  ASSERT_TRUE(OFile::DeleteFile(PathOf("a.ddz")));
+  EXPECT_NE("(none)", Data("0.d"));
+  EXPECT_EQ("(none)", Data("98.d"));
+}
+
+TEST_F(ArchiveReaderTest, NamesAreCopiesOfTheirOwn) {
+  Add(ZipBuilder().Add("x.d", "text"));
+  OStringArray names;
+  Reader.GetMemberNames(&names);
+  ASSERT_EQ(1, names.Count);
+  EXPECT_NE(Reader.FindMember("x.d")->Name.GetNarrow(), names[0].GetNarrow());
+}
+
 TEST_F(ArchiveReaderTest, LargeMember) {
   std::string text;
   for (int i = 0; i < 100000; ++i) text += std::to_string(i) + "=value\r\n";

@@ -135,6 +135,19 @@ TEST_F(DamagedArchiveTest, PackedSizeBehindTheEnd) {
   }
 }
 
+// The directory says small, the member itself does not: it is read when it is wanted, not before.
+TEST_F(DamagedArchiveTest, LocalRecordDecidesWhatIsSmall) {
+  const std::string large = test::NoiseText(20000);
+  std::string bytes = ZipBuilder().Add("x.d", large).Build();
+  const size_t central = bytes.rfind(std::string("PK\1\2", 4));
+  ASSERT_NE(std::string::npos, central);
+  bytes[central + 20] = 16;
+  bytes[central + 21] = 0;
+  AddBytes(bytes);
+  ASSERT_TRUE(Reader.LoadPending());
+  EXPECT_EQ(large, Data("x.d"));
+}
+
 TEST_F(DamagedArchiveTest, MemberThatInflatesToLessThanStatedIsFilledWithZeros) {
   ZipEntry entry = Entry("x.d", "text");
   entry.PlainSize = 7;

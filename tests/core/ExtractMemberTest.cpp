@@ -1,3 +1,8 @@
+#ifdef __linux__
+#include <signal.h>
+#include <sys/resource.h>
+#endif
+
 #include "platform/Clock.h"
 #include "tests/core/ArchiveReaderFixture.h"
 
@@ -88,6 +93,23 @@ TEST_F(ExtractMemberTest, TargetThatCanNotBeOpenedIsAFailure) {
   EXPECT_FALSE(Reader.ExtractMember("x.dll", Directory.Path().c_str(), 0));
   EXPECT_FALSE(Reader.ExtractMember("x.dll", PathOf("no/such/directory"), 0));
 }
+
+#ifdef __linux__
+TEST_F(ExtractMemberTest, TargetThatCanNotBeWrittenWholeIsTakenAway) {
+  Directory.Put("out", "mine");
+  const sighandler_t before = signal(SIGXFSZ, SIG_IGN);
+  rlimit limit;
+  ASSERT_EQ(0, getrlimit(RLIMIT_FSIZE, &limit));
+  rlimit small = limit;
+  small.rlim_cur = 3;
+  ASSERT_EQ(0, setrlimit(RLIMIT_FSIZE, &small));
+  const bool done = Reader.ExtractMember("x.dll", PathOf("out"), 0);
+  setrlimit(RLIMIT_FSIZE, &limit);
+  signal(SIGXFSZ, before);
+  EXPECT_FALSE(done);
+  EXPECT_FALSE(OFile::FileExists(PathOf("out")));
+}
+#endif
 
 TEST_F(ExtractMemberTest, EmptyMemberMakesAnEmptyFile) {
   Add(ZipBuilder().Add("empty", ""), "b.ddz");

@@ -144,6 +144,14 @@ TEST_F(OFileTest, SeekBeforeTheStartIsNotTaken) {
   EXPECT_EQ('4', byte);
 }
 
+TEST_F(OFileTest, PositionBeyond32BitsIsTheLargest) {
+  OFile file(PathOf("file"), kReplace);
+  EXPECT_EQ(0xFFFFFFFFu, file.Seek(0x100000005, FileOrigin::kBegin));
+  Write(file, "x");
+  file.Flush();
+  EXPECT_EQ(0xFFFFFFFFu, file.GetSize());
+}
+
 TEST_F(OFileTest, ClosedFileGivesZero) {
   OFile file;
   char byte;

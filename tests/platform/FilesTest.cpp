@@ -1,6 +1,9 @@
 #include "platform/Files.h"
 
 #include <gtest/gtest.h>
+#ifdef __linux__
+#include <sys/stat.h>
+#endif
 
 #include <algorithm>
 #include <string>
@@ -97,6 +100,13 @@ TEST_F(FilesTest, PositionsBeyond4GigabytesCount) {
   EXPECT_EQ(0u, ReadFile(file, &byte, 1));
   CloseFile(file);
 }
+
+#ifdef __linux__
+TEST_F(FilesTest, PipeWithoutAWriterDoesNotHoldTheReader) {
+  ASSERT_EQ(0, mkfifo(Directory.Path("pipe").c_str(), 0600));
+  EXPECT_EQ(nullptr, Open(u"pipe"));
+}
+#endif
 
 TEST_F(FilesTest, TimesAreStepsOf100NanosecondsSince1601) {
   Directory.Put("f", "hello");

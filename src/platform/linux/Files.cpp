@@ -50,10 +50,12 @@ std::string TempDirectory() {
 FileHandle OpenFile(const char16_t* path, bool write, uint32_t share, bool create) {
   const std::string name = SystemPath(path);
   const int flags = (write ? O_RDWR : O_RDONLY) | (create ? O_CREAT : 0) | O_CLOEXEC | O_NOCTTY;
-  const int descriptor = open(name.c_str(), flags, 0666);
+  // To open a pipe for reading would wait for its writer.
+  const int descriptor = open(name.c_str(), flags | O_NONBLOCK, 0666);
   if (descriptor < 0) return nullptr;
   struct stat status;
-  bool usable = fstat(descriptor, &status) == 0 && !S_ISDIR(status.st_mode);
+  bool usable = fstat(descriptor, &status) == 0 && !S_ISDIR(status.st_mode) &&
+                (write || !S_ISFIFO(status.st_mode)) && fcntl(descriptor, F_SETFL, flags) == 0;
   if (usable && S_ISREG(status.st_mode)) usable = ClaimSharing(descriptor, write, share);
   if (!usable) {
     close(descriptor);
