@@ -7,6 +7,7 @@ namespace {
 
 constexpr uint32_t kShareBits = 0x00F0;
 constexpr uint32_t kAttributeNormal = 128;
+constexpr int32_t kLongestLine = 16 << 20;
 
 uint32_t ShareOf(uint32_t mode) {
   switch (mode & kShareBits) {
@@ -73,11 +74,20 @@ bool OFile::ReadLine(OString& line) {
   // Collected as bytes: one character of the code page may be several.
   ByteArray bytes;
   bool any = false;
-  uint8_t byte;
-  while (Read(&byte, 1) == 1) {
+  bool ended = false;
+  while (!ended && bytes.Count < kLongestLine) {
+    uint8_t part[256];
+    const uint32_t count = Read(part, sizeof part);
+    if (count == 0) break;
     any = true;
-    if (byte != 0) bytes.Add(byte);
-    if (byte == '\n') break;
+    bytes.GrowBy = bytes.Count + static_cast<int32_t>(sizeof part);
+    uint32_t used = 0;
+    while (used < count && !ended) {
+      const uint8_t byte = part[used++];
+      if (byte != 0) bytes.Add(byte);
+      ended = byte == '\n';
+    }
+    if (used < count) Seek(static_cast<int64_t>(used) - count, platform::FileOrigin::kCurrent);
   }
   if (!any) return false;
   OString text;

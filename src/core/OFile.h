@@ -41,7 +41,8 @@ class OFile : public OStream {
   OString GetPath() const { return Path; }
   OString GetFileName() const { return Path.FileNamePart(); }
   // The next line without its line end, read in the stream's code page; `line` keeps its own. False
-  // at the end of the file, with `line` unchanged. NULs are dropped.
+  // at the end of the file, with `line` unchanged. NULs are dropped. After about 16 MB a line is
+  // broken. For files that can seek.
   bool ReadLine(OString& line);
 
   // It can be opened for reading; a directory can't.

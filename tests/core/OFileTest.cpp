@@ -270,6 +270,32 @@ TEST_F(OFileTest, EmptyLinesAreLines) {
   EXPECT_STREQ("x", line.GetNarrow());
 }
 
+TEST_F(OFileTest, ReadingGoesOnBehindALine) {
+  const std::string longLine(1000, 'x');
+  Directory.Put("f", "one\n" + longLine + "\nrest");
+  OFile file(PathOf("f"), kRead);
+  OString line;
+  EXPECT_TRUE(file.ReadLine(line));
+  EXPECT_EQ(4u, file.Seek(0, FileOrigin::kCurrent));
+  EXPECT_TRUE(file.ReadLine(line));
+  EXPECT_EQ(longLine, line.GetNarrow());
+  char rest[8] = {};
+  EXPECT_EQ(4u, file.Read(rest, sizeof rest));
+  EXPECT_STREQ("rest", rest);
+}
+
+// A file that is no text must not fill the host's memory.
+TEST_F(OFileTest, EndlessLineIsBroken) {
+  Directory.Put("f", std::string(20 << 20, 'x'));
+  OFile file(PathOf("f"), kRead);
+  OString line;
+  int32_t total = 0;
+  int lines = 0;
+  for (; file.ReadLine(line); ++lines) total += line.Length();
+  EXPECT_EQ(2, lines);
+  EXPECT_EQ(20 << 20, total);
+}
+
 TEST_F(OFileTest, CrInsideALineStays) {
   Directory.Put("f", "a\rb\n");
   OFile file(PathOf("f"), kRead);
