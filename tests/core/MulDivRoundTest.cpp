@@ -61,6 +61,83 @@ TEST(MulDivRound, BeyondThatTheHalvesAreDividedApart) {
   EXPECT_EQ(-352777775, MulDivRound(-100000, 254000, 72));
 }
 
+// The same in 64 bits, where each step that is cut to 32 says so.
+int32_t WideMulDivRound(int64_t a, int64_t b, int64_t d) {
+  constexpr uint64_t kCut = 0xFFFFFFFF;
+  if (d == 0) return 0;
+  const auto magnitude = [](int64_t value) {
+    return static_cast<uint64_t>(value < 0 ? -value : value);
+  };
+  const uint64_t divisor = magnitude(d);
+  const uint64_t product = magnitude(a) * magnitude(b);
+  uint64_t result;
+  if (magnitude(a) == divisor) {
+    result = magnitude(b);
+  } else if (magnitude(b) == divisor) {
+    result = magnitude(a);
+  } else if (product + divisor / 2 <= kCut) {
+    result = product / divisor + (product % divisor >= divisor - divisor / 2 ? 1 : 0);
+  } else {
+    const uint64_t high = ((product >> 32) % divisor) * (kCut / divisor);
+    const uint64_t low = (((product & kCut) + divisor / 2) & kCut) / divisor;
+    result = (high + low) & kCut;
+  }
+  const bool negative = ((a < 0) != (b < 0)) != (d < 0);
+  return static_cast<int32_t>(static_cast<uint32_t>(negative ? kCut + 1 - result : result));
+}
+
+TEST(MulDivRound, AgreesWithWideNumbersAtTheEdges) {
+  constexpr int32_t kEdges[] = {0,
+                                1,
+                                2,
+                                3,
+                                5,
+                                99,
+                                100,
+                                101,
+                                127,
+                                128,
+                                254,
+                                255,
+                                256,
+                                2540,
+                                25400,
+                                32767,
+                                32768,
+                                65535,
+                                65536,
+                                65537,
+                                999983,
+                                8388608,
+                                16777215,
+                                46340,
+                                46341,
+                                92681,
+                                92682,
+                                1 << 30,
+                                1 << 24,
+                                2000000000,
+                                INT32_MAX - 1,
+                                INT32_MAX,
+                                INT32_MIN,
+                                INT32_MIN + 1};
+  for (int32_t first : kEdges) {
+    for (int32_t second : kEdges) {
+      for (int32_t divisor : kEdges) {
+        for (int signs = 0; signs < 8; ++signs) {
+          const auto sign = [signs](int32_t value, int bit) {
+            return (signs & bit) != 0 && value != INT32_MIN ? -value : value;
+          };
+          const int32_t a = sign(first, 1);
+          const int32_t b = sign(second, 2);
+          const int32_t d = sign(divisor, 4);
+          ASSERT_EQ(WideMulDivRound(a, b, d), MulDivRound(a, b, d)) << a << " " << b << " " << d;
+        }
+      }
+    }
+  }
+}
+
 // 65537 * 65535 = 2^32 - 1, and half of 1000 more does not fit: (500 + 4294967295) wraps to 499.
 TEST(MulDivRound, RoundingWrapsAtTheEdgeOf32Bits) { EXPECT_EQ(0, MulDivRound(65537, 65535, 1000)); }
 

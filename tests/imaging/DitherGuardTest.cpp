@@ -1,0 +1,36 @@
+// Pictures that end where memory ends: nothing beyond them is read or written, by either version.
+#include "tests/entry/GuardedBlock.h"
+#include "tests/imaging/RandomDither.h"
+
+namespace ostvt::test {
+namespace {
+
+void DitherGuarded(DitherRunner run, uint32_t seed) {
+  RandomDither random(seed);
+  for (int i = 0; i < 1200; ++i) {
+    ImageDitherRecord record = random.Record(i % 20 == 0 ? 600 : 70, 40);
+    Bytes pixels(size_t{record.width} * record.height * 3);
+    random.Paint(&pixels);
+    const GuardedBlock block(pixels);
+    record.pixels = block.Data();
+    if (i % 4 == 0) {
+      DitherSmoothWith(run, &record);
+    } else {
+      DitherWith(run, &record);
+    }
+    if (testing::Test::HasFailure()) {
+      ADD_FAILURE() << Describe(record);
+      return;
+    }
+  }
+}
+
+TEST(DitherGuard, NothingBeyondThePixelsIsTouched) { DitherGuarded(RunDitherSse2, 11); }
+
+TEST(DitherGuard, NothingBeyondThePixelsIsTouchedWithAvx2) {
+  if (!HasAvx2()) GTEST_SKIP() << "the processor has no AVX2";
+  DitherGuarded(RunDitherAvx2, 12);
+}
+
+}  // namespace
+}  // namespace ostvt::test
