@@ -6,6 +6,9 @@ namespace ostvt::platform {
 // True where a window of this process would be seen by a user: false in a service and on Linux.
 bool HasDesktop();
 
+// The window that holds all others, as an owner for what another program shows; null on Linux.
+void* DesktopWindow();
+
 // A message box with no owner and the system's own caption; returns when the user has closed it.
 // Nothing without a desktop. By the function set last, else by the system.
 void ShowMessage(const char16_t* text);

@@ -13,6 +13,9 @@ void SetModuleHandle(void* instance);
 // the environment's OSTVT_MODULE_DIR takes its place where set.
 std::u16string ModuleDirectory();
 
+// Where the system keeps its own programs and libraries; empty on Linux, which has no such place.
+std::u16string SystemDirectory();
+
 // Full path of the program that runs in this process.
 std::u16string ProcessPath();
 

@@ -3,24 +3,13 @@
 #include <string>
 
 #include "store/RegistryPath.h"
+#include "store/ScopedKey.h"
 
 namespace ostvt {
 namespace {
 
 // What a read of text takes: 4096 units, terminator included.
 constexpr int32_t kTextBytes = 8192;
-
-class ScopedKey {
- public:
-  explicit ScopedKey(platform::KeyHandle key) : Key(key) {}
-  ~ScopedKey() { platform::CloseKey(Key); }
-  ScopedKey(const ScopedKey&) = delete;
-  ScopedKey& operator=(const ScopedKey&) = delete;
-  platform::KeyHandle Get() const { return Key; }
-
- private:
-  platform::KeyHandle Key;
-};
 
 // The hive of a canonical path, by the number in front of the colon, and where that colon stands.
 bool ParseHive(const OString& path, platform::Hive* hive, int* colon) {
@@ -34,11 +23,6 @@ bool ParseHive(const OString& path, platform::Hive* hive, int* colon) {
   *hive = static_cast<platform::Hive>(number);
   *colon = end;
   return true;
-}
-
-OString Child(const OString& key, const OString& name) {
-  const bool isRoot = key.GetWide()[key.Length() - 1] == u':';
-  return key + (isRoot ? "" : "/") + ORegistry::Escape(name);
 }
 
 }  // namespace
@@ -254,7 +238,7 @@ bool ORegistry::DeleteKey(OString key, bool recursive) {
     ListNames(key, platform::EnumerateKey, &children);
     for (int32_t i = 0; i < children.Count; ++i) {
       // A name that leads nowhere would be the key itself once more.
-      if (!children[i].IsEmpty()) DeleteKey(Child(key, children[i]), true);
+      if (!children[i].IsEmpty()) DeleteKey(ChildKey(key, children[i]), true);
     }
   }
   bool isColon = place.GetWide()[split] == u':';
@@ -285,7 +269,7 @@ bool ORegistry::DeleteMatching(const OString& pattern) {
   OStringArray values;
   FindValues(pattern, &values);
   for (int32_t i = 0; i < keys.Count; ++i) {
-    if (!keys[i].IsEmpty()) DeleteKey(Child(key, keys[i]), true);
+    if (!keys[i].IsEmpty()) DeleteKey(ChildKey(key, keys[i]), true);
   }
   for (int32_t i = 0; i < values.Count; ++i) DeleteValue(key, values[i]);
   return true;

@@ -11,12 +11,22 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include "core/OString.h"
 #include "core/OStringArray.h"
 #include "platform/KeyStore.h"
 
 namespace ostvt {
+
+// Flags of ExportBranch.
+inline constexpr uint32_t kExportDeletion = 1;  // who reads the text deletes the branch first
+inline constexpr uint32_t kExportChecksum = 2;  // the text's checksum is stored as kBranchChecksum
+// Flag of ImportBranch.
+inline constexpr uint32_t kImportEmptying = 1;  // a key is emptied when its header is met
+// The value of a branch's key, a double word, that tells whether the branch has changed since it
+// was last read. It is never exported nor imported.
+inline constexpr char kBranchChecksum[] = "(CRC32)";
 
 class ORegistry {
  public:
@@ -96,6 +106,14 @@ class ORegistry {
   // result is then true whatever happened. Otherwise a recursive Delete.
   bool DeleteMatching(const OString& pattern);
 
+  // Appends the branch at a key path, taken whole without Root, as lines of text: see "The text of
+  // a branch" in docs/formats.md. The flags concern the top key only. Strings and lists of more
+  // than 8192 bytes are left out. False if the path is none; a key that is missing has no values.
+  bool ExportBranch(const OString& path, OStringArray* lines, uint32_t flags);
+  // Applies such lines, whatever keys they name; see KeepSectionsBelow for lines from outside. What
+  // can't be read or written is passed over. Root is left at the last section. Always true.
+  bool ImportBranch(const OStringArray& lines, uint32_t flags);
+
   // What relative paths hang from.
   OString Root;
 
@@ -109,6 +127,8 @@ class ORegistry {
   bool KeyExists(const OString& key) const;
   bool DeleteKey(OString key, bool recursive);
   bool DeleteValue(const OString& key, const OString& name);
+  void ExportKey(const OString& key, OStringArray* lines) const;
+  void ImportValue(std::u16string_view line);
 };
 
 }  // namespace ostvt

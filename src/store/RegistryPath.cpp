@@ -110,6 +110,11 @@ int LastSeparator(const OString& path) {
   return last;
 }
 
+OString ChildKey(const OString& key, const OString& name) {
+  const bool isRoot = key.GetWide()[key.Length() - 1] == u':';
+  return key + (isRoot ? "" : "/") + ORegistry::Escape(name);
+}
+
 void SubstituteAlias(OString* path, const char* alias, const char* target) {
   if (!StartsWithNoCase(*path, alias)) return;
   const char16_t* rest = path->GetWide() + strlen(alias);

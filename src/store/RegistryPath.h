@@ -9,6 +9,8 @@ namespace ostvt {
 bool StartsWithNoCase(const OString& text, const char* prefix);
 // The last "/" or ":", or -1.
 int LastSeparator(const OString& path);
+// The canonical path of the key `name` below a key that has one itself.
+OString ChildKey(const OString& key, const OString& name);
 
 struct Alias {
   const char* Name;

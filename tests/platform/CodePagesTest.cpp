@@ -142,6 +142,39 @@ TEST(CodePages, Utf7IsValidAndKeepsText) {
   EXPECT_EQ(u"\u65E5\u672C", Wide(65000, Narrow(65000, u"\u65E5\u672C").c_str()));
 }
 
+// The units of the bytes from 0x80 on; "<refused>" for an invalid page.
+std::u16string High(uint32_t codePage) {
+  char16_t units[kHighBytes];
+  std::fill(std::begin(units), std::end(units), kPoison);
+  const bool isValid = HighBytesToWide(codePage, units);
+  const std::u16string text(units, std::size(units));
+  if (isValid) return text;
+  EXPECT_EQ(std::u16string(kHighBytes, u'\0'), text);
+  return u"<refused>";
+}
+
+TEST(CodePages, HighByteOfASingleBytePageIsWhatItIsInText) {
+  const std::u16string high = High(1251);
+  ASSERT_EQ(128u, high.size());
+  for (uint32_t byte = 0x80; byte <= 0xFF; ++byte) {
+    const char text[] = {static_cast<char>(byte), 0};
+    EXPECT_EQ(Wide(1251, text), high.substr(byte - 0x80, 1)) << byte;
+  }
+}
+
+TEST(CodePages, HighByteThatBeginsACharacterIsNone) {
+  const std::u16string high = High(949);
+  ASSERT_EQ(128u, high.size());
+  EXPECT_EQ(std::u16string(0x7E, u'\0'), high.substr(1, 0x7E));
+  EXPECT_EQ(std::u16string(kHighBytes, u'\0'), High(65001));
+  EXPECT_EQ(std::u16string(kHighBytes, u'\0'), High(65000));
+}
+
+TEST(CodePages, HighBytesOfAnInvalidPageAreRefused) {
+  for (const uint32_t page : {0u, 1u, 2u, 3u, 42u, 12345u, 0xFFFFFFFFu})
+    EXPECT_EQ(u"<refused>", High(page)) << page;
+}
+
 TEST(CodePages, AnsiPageIsPageZero) {
   EXPECT_EQ(Wide(AnsiCodePage(), "\x80\xE9"), Wide(0, "\x80\xE9"));
   EXPECT_EQ(Narrow(AnsiCodePage(), u"\u20AC\u00E9"), Narrow(0, u"\u20AC\u00E9"));

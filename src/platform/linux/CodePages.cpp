@@ -181,6 +181,15 @@ int EncodeByCharacter(Converter& converter, const char16_t* source, char* target
   return 0;
 }
 
+template <typename Converter>
+void DecodeHighBytes(Converter& converter, char16_t (&units)[kHighBytes]) {
+  for (int i = 0; i < kHighBytes; ++i) {
+    const char byte = static_cast<char>(kFirstHighByte + static_cast<uint32_t>(i));
+    char16_t wide[2];
+    if (converter.ToWide(&byte, 1, wide) == 1) units[i] = wide[0];
+  }
+}
+
 // Bytes 0x20 and up lie in the private area from U+F020 on.
 int SymbolToWide(const char* source, char16_t* target, int capacity) {
   for (int i = 0; i < capacity; ++i) {
@@ -256,6 +265,19 @@ int WideToNarrow(uint32_t codePage, const char16_t* source, char* target, int ca
   if (!converter.IsOpen()) return 0;
   return IsUnicode(codePage) ? converter.TextToNarrow(source, target, capacity)
                              : EncodeByCharacter(converter, source, target, capacity);
+}
+
+bool HighBytesToWide(uint32_t codePage, char16_t (&units)[kHighBytes]) {
+  std::fill(std::begin(units), std::end(units), u'\0');
+  if (!IsValidCodePage(codePage)) return false;
+  if (codePage == kJohab) {
+    Johab johab;
+    DecodeHighBytes(johab, units);
+  } else if (!IsUnicode(codePage)) {
+    IcuConverter converter(ConverterName(codePage));
+    DecodeHighBytes(converter, units);
+  }
+  return true;
 }
 
 }  // namespace ostvt::platform

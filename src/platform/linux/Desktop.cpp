@@ -7,6 +7,8 @@ MessageFunction messageFunction = nullptr;
 
 bool HasDesktop() { return false; }
 
+void* DesktopWindow() { return nullptr; }
+
 void ShowMessage(const char16_t* text) {
   if (text && messageFunction) messageFunction(text);
 }

@@ -43,6 +43,8 @@ std::u16string ModuleDirectory() {
   return wide;
 }
 
+std::u16string SystemDirectory() { return {}; }
+
 std::u16string ProcessPath() { return FromUtf8(RealPath("/proc/self/exe")); }
 
 }  // namespace ostvt::platform

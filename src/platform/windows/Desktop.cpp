@@ -15,6 +15,8 @@ bool HasDesktop() {
          (flags.dwFlags & WSF_VISIBLE);
 }
 
+void* DesktopWindow() { return GetDesktopWindow(); }
+
 void ShowMessage(const char16_t* text) {
   if (!text) return;
   if (messageFunction) {

@@ -25,6 +25,12 @@ std::u16string ModuleDirectory() {
   return directory;
 }
 
+std::u16string SystemDirectory() {
+  char16_t path[kPathUnits];
+  const UINT length = GetSystemDirectoryW(AsWide(path), kPathUnits);
+  return std::u16string(path, length < kPathUnits ? length : 0);
+}
+
 std::u16string ProcessPath() {
   std::u16string path(kPathUnits, u'\0');
   for (;;) {

@@ -1,0 +1,60 @@
+// Lists in the store: entries numbered from 1 below one path ("Form 01: Name", "Form 01: Data" and
+// so on), and how many they are in "Total".
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "core/OString.h"
+
+namespace ostvt {
+
+class ORegistry;
+
+// A stored total that isn't below 0 or above this is believed.
+inline constexpr int32_t kEntryLimit = 9999;
+// What can be read back of a text, in 16-bit units; the rest isn't stored.
+inline constexpr int32_t kEntryTextUnits = 4095;
+
+struct NumberedEntry {
+  OString Name;
+  OString Description;
+  std::vector<uint8_t> Block;  // empty: the entry doesn't count
+};
+
+// How the entries of one kind are stored: the last words of their values' names, with the doubled
+// colon that is a plain one there.
+struct EntryKind {
+  const char* Entry;  // in front of the number
+  const char* Name;
+  const char* Description;  // null: entries of this kind have none
+  const char* Block;
+  int32_t BlockSize;  // a block of another size is none; 0: any size is good
+};
+
+// `path` ends in the separator behind which the values' names go. At most kEntryLimit.
+int32_t CountEntries(const ORegistry& store, const OString& path);
+// What stands before the last words of the values' names.
+OString EntryPath(const EntryKind& kind, const OString& path, int32_t number);
+// Texts are empty, and so is the block, where there is none.
+NumberedEntry ReadEntry(const ORegistry& store, const EntryKind& kind, const OString& entryPath);
+// Each value only if it differs from what is stored. False if the store refused it.
+bool WriteEntry(ORegistry& store, const EntryKind& kind, const OString& entryPath,
+                const NumberedEntry& entry);
+
+// How a list replaces the stored one.
+enum class EntryWriting {
+  // Somebody else sees to it that all of it is done or nothing.
+  kTogether,
+  // Value by value, so that whoever stops it at any point leaves each entry as it was or as it is
+  // to be: an entry is written to its new place, or to one behind the list, before its old place is
+  // given away. Entries are told apart by their names; of those of one name the first follows the
+  // first, the second the second.
+  kOneByOne,
+};
+
+// Each entry has a block. False, with the rest left undone, as soon as the store refuses a value.
+bool WriteEntries(ORegistry& store, const EntryKind& kind, const OString& path,
+                  const std::vector<NumberedEntry>& entries, EntryWriting writing);
+
+}  // namespace ostvt
