@@ -5,57 +5,18 @@
 #include <cstring>
 #include <memory>
 
-#include "model/Caches.h"
-#include "model/PrinterModel.h"
-#include "platform/Spooler.h"
+#include "fuzz/FuzzModel.h"
 #include "settings/DevMode.h"
 #include "settings/DevModeBlob.h"
 #include "settings/PaperResolver.h"
-#include "store/PrinterId.h"
-#include "tests/support/TempDirectory.h"
-#include "tests/support/ZipBuilder.h"
 
 namespace {
 
 using namespace ostvt;
+using fuzz::TheModel;
 
 void Require(bool condition) {
   if (!condition) abort();
-}
-
-// A model that nothing of the surroundings can change.
-class FuzzModel {
- public:
-  FuzzModel() {
-    setenv("OSTVT_STORE_DIR", Directory.Path().c_str(), 1);
-    OpenCaches();
-    test::ZipBuilder base;
-    base.Add("Driver.d", "[Fuzz]\nModel=Model:M\n");
-    base.WriteTo(Directory.Path("vt#base.ddz"));
-    test::ZipBuilder family;
-    family.Add("Model.d",
-               "[M]\nStock.Default.X=4 in\nStock.Default.Y=6 in\nResolution=203,300x150\n"
-               "~TopOfForm.Maximum=10 mm\nDrawing=Drawing:D\n");
-    family.Add("Drawing.d", "[D]\nTransform.Mirror=true\n");
-    family.WriteTo(Directory.Path("vt#ost.ddz"));
-    platform::DriverRecord driver;
-    driver.Name = u"Fuzz";
-    driver.DriverPath = Directory.WidePath(u"libostvt.so");
-    driver.ConfigFile = driver.DriverPath;
-    driver.DataFile = Directory.WidePath(u"ostvt.dat");
-    platform::AddDriver(driver);
-    platform::AddPrinter({u"Fuzz", u"Fuzz", u"FILE:", u""});
-    PrinterId id("Fuzz");
-    Model.reset(CreatePrinterModel(id));
-    Require(Model && Model->GetDefaultResolutionX() == 203);
-  }
-  test::TempDirectory Directory;
-  std::unique_ptr<PrinterModel> Model;
-};
-
-PrinterModel* TheModel() {
-  static FuzzModel model;
-  return model.Model.get();
 }
 
 struct Block {

@@ -2,7 +2,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "settings/ModelAttributes.h"
+#include "model/ModelAttributes.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const std::string text(reinterpret_cast<const char*>(data), size);

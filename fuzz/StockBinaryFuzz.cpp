@@ -1,35 +1,13 @@
 // Stock files of the older kind: nothing behind the file's end is read, and no record is made up.
-#include <algorithm>
 #include <cstdlib>
-#include <cstring>
+#include <string>
 
-#include "core/OFile.h"
+#include "fuzz/MemoryFile.h"
 #include "settings/StockList.h"
-
-namespace {
-
-// A file that lies in memory.
-class MemoryFile : public ostvt::OFile {
- public:
-  MemoryFile(const uint8_t* data, size_t size) : Bytes(data), Left(size) {}
-  uint32_t Read(void* buffer, uint32_t size) override {
-    const size_t part = std::min<size_t>(size, Left);
-    memcpy(buffer, Bytes, part);
-    Bytes += part;
-    Left -= part;
-    return static_cast<uint32_t>(part);
-  }
-
- private:
-  const uint8_t* Bytes;
-  size_t Left;
-};
-
-}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   ostvt::StockList list;
-  MemoryFile file(data, size);
+  ostvt::fuzz::MemoryFile file(std::string(reinterpret_cast<const char*>(data), size));
   const int32_t count = list.ImportBinary(file);
   if (count < 0 || list.GetCount() > count) abort();
   // The least record has 29 bytes.

@@ -1,42 +1,17 @@
 // Text records of stock from outside: what is read is in order and numbered, and is read the same
 // from its own export.
-#include <algorithm>
 #include <cstdlib>
-#include <cstring>
 #include <string>
 
-#include "core/OFile.h"
+#include "fuzz/MemoryFile.h"
 #include "settings/StockList.h"
 
 namespace {
 
-// A file that lies in memory.
-class MemoryFile : public ostvt::OFile {
- public:
-  explicit MemoryFile(std::string bytes) : Bytes(std::move(bytes)) { CodePage = 1208; }
-  ~MemoryFile() override { Flush(); }
-  uint32_t Read(void* buffer, uint32_t size) override {
-    const size_t part = std::min<size_t>(size, Bytes.size() - Position);
-    memcpy(buffer, Bytes.data() + Position, part);
-    Position += part;
-    return static_cast<uint32_t>(part);
-  }
-  uint32_t RawWrite(const void* data, uint32_t size) override {
-    Bytes.append(static_cast<const char*>(data), size);
-    return size;
-  }
-  uint32_t Seek(int64_t offset, ostvt::platform::FileOrigin) override {
-    Flush();
-    Position = static_cast<size_t>(offset);
-    return static_cast<uint32_t>(offset);
-  }
-
-  std::string Bytes;
-  size_t Position = 0;
-};
+using ostvt::fuzz::MemoryFile;
 
 std::string Export(const ostvt::StockList& list) {
-  MemoryFile file("");
+  MemoryFile file;
   list.ExportText(file);
   file.Flush();
   return file.Bytes;

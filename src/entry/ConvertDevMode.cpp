@@ -6,12 +6,12 @@
 #include "core/Buffer.h"
 #include "core/OString.h"
 #include "entry/Exports.h"
-#include "entry/OpenedPrinter.h"
 #include "model/PrinterModel.h"
 #include "platform/Errors.h"
 #include "settings/DevMode.h"
 #include "settings/DevModeRecord.h"
 #include "settings/InitialDevMode.h"
+#include "settings/OpenedPrinter.h"
 #include "store/PrinterId.h"
 #include "store/PrinterRegistry.h"
 

@@ -1,7 +1,9 @@
+#include "comm/MonitorLink.h"
 #include "entry/Exports.h"
 #include "entry/PrinterAction.h"
 #include "settings/DriverSession.h"
 #include "settings/StockRecords.h"
+#include "store/PrinterId.h"
 
 namespace ostvt {
 namespace {
@@ -27,6 +29,9 @@ StockList& StockOf(void* session) { return AsSession(session)->GetStock(); }
 using namespace ostvt;
 
 void* OSTVT_API DAL_Printer_Open(void* printer) {
+  // Before the model is read, which Initialize does before it pulls.
+  const OString name = PrinterId(printer).GetFullName();
+  if (!name.IsEmpty()) MonitorLink(name).PullShadow();
   DriverSession* session = CreateDriverSession();
   if (session) session->Initialize(printer, nullptr, 0);
   return session;
@@ -58,8 +63,11 @@ void OSTVT_API DAL_Settings_Save(void* session) {
   if (session) AsSession(session)->Save();
 }
 
-// A session neither sends to its printer nor keeps its settings in files: these leave all as it is.
-void OSTVT_API DAL_Printer_SendFile(void*, const char16_t*) {}
+void OSTVT_API DAL_Printer_SendFile(void* session, const char16_t* path) {
+  if (session && path) AsSession(session)->SendFile(path);
+}
+
+// A session doesn't keep its settings in files: these leave all as it is.
 void OSTVT_API DAL_Settings_Export(void*, const char16_t*, uint32_t) {}
 void OSTVT_API DAL_Settings_Import(void*, const char16_t*, uint32_t) {}
 void OSTVT_API DAL_Settings_Reset(void*, uint32_t) {}

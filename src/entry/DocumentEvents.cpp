@@ -1,7 +1,9 @@
 #include <cstring>
 
+#include "comm/MonitorLink.h"
 #include "entry/Exports.h"
 #include "platform/PrintContext.h"
+#include "store/PrinterId.h"
 
 namespace ostvt {
 namespace {
@@ -31,15 +33,23 @@ bool PrintsToFile(const void* input, uint32_t sizeIn) {
   return output != nullptr;
 }
 
+// A handle that names no printer exchanges nothing.
+void Exchange(void* printer, bool (MonitorLink::*exchange)()) {
+  const OString name = PrinterId(printer).GetFullName();
+  if (name.IsEmpty()) return;
+  MonitorLink link(name);
+  (link.*exchange)();
+}
+
 }  // namespace
 }  // namespace ostvt
 
-int32_t OSTVT_API DrvDocumentEvent(void*, void* dc, int32_t escape, uint32_t sizeIn, void* input,
-                                   uint32_t, void*) {
+int32_t OSTVT_API DrvDocumentEvent(void* printer, void* dc, int32_t escape, uint32_t sizeIn,
+                                   void* input, uint32_t, void*) {
   using namespace ostvt;
   switch (escape) {
     case kCreateDcPre:
-    case kEndDocPost:
+      Exchange(printer, &MonitorLink::PullShadow);
       return 1;
     case kCreateDcPost:
       platform::SendEscape(dc, kEscapeContextCreated, &dc, sizeof dc, nullptr, 0);
@@ -47,8 +57,12 @@ int32_t OSTVT_API DrvDocumentEvent(void*, void* dc, int32_t escape, uint32_t siz
     case kStartDoc: {
       const uint8_t toPrinter = PrintsToFile(input, sizeIn) ? 0 : 1;
       platform::SendEscape(dc, kEscapeJobStarts, &toPrinter, sizeof toPrinter, nullptr, 0);
+      Exchange(printer, &MonitorLink::PullShadow);
       return 1;
     }
+    case kEndDocPost:
+      Exchange(printer, &MonitorLink::PushShadow);
+      return 1;
     default:
       return 0;
   }

@@ -19,9 +19,9 @@ int32_t OSTVT_API DllInitialize(void* instance, uint32_t reason, void* reserved)
 // Always 1: every job may print.
 int32_t OSTVT_API DevQueryPrintEx(void* record);
 // By `escape`: 1 before and 2 after a device context is made, 5 a document starts, 12 it has ended:
-// 1; any other: 0. 2 and 5 send an escape to `dc`. `input` is used with 5 only: there it is the
-// address, `sizeIn` bytes, of a pointer to the job's DOCINFOW, which states its own size. `output`
-// is never written.
+// 1; any other: 0. 2 and 5 send an escape to `dc`. 1 and 5 bring a print server's configuration in,
+// 12 gives back what changed. `input` is used with 5 only: there it is the address, `sizeIn` bytes,
+// of a pointer to the job's DOCINFOW, which states its own size. `output` is never written.
 int32_t OSTVT_API DrvDocumentEvent(void* printer, void* dc, int32_t escape, uint32_t sizeIn,
                                    void* input, uint32_t sizeOut, void* output);
 // Bool. Event 1, a client connects: 0 only where this driver doesn't run on the system, of which
@@ -74,6 +74,7 @@ int32_t OSTVT_API DAL_Printer_Action(void* session, int32_t action);
 int32_t OSTVT_API DAL_Printer_ActionUI(void* session, void* parent, int32_t action);
 // Bit 0 the action exists, bit 1 it opens a dialog. 0xFFFFFFFE for a null session.
 uint32_t OSTVT_API DAL_Printer_ActionFlag(void* session, int32_t action);
+// The file's bytes as they are, as a job of its name; nothing if it can't be read whole.
 void OSTVT_API DAL_Printer_SendFile(void* session, const char16_t* path);
 void OSTVT_API DAL_Settings_Load(void* session);
 void OSTVT_API DAL_Settings_Save(void* session);
@@ -114,8 +115,10 @@ int32_t OSTVT_API X16_OFile_SetTime(const char16_t* path, const void* created, c
                                     const void* written);
 void OSTVT_API X16_ImageDither_Dither(void* record);
 void OSTVT_API X16_ImageDither_DitherSmooth(void* record);
+// `record` is an ImageStretchRecord, see imaging/ImageStretch.h; its own destination is not used.
 void OSTVT_API X16_ImageStretch_Stretch(void* record, void* destination);
 void OSTVT_API X16_Install(const char16_t* printerName);
+// A print server's configuration is brought in, and what changed here is given back.
 void OSTVT_API X16_CreateShadow(const char16_t* printerName);
 void OSTVT_API X16_CommitShadow(const char16_t* printerName);
 void OSTVT_API X16_DocumentProperties(void* window, void* instance, const char* channelName);

@@ -3,12 +3,12 @@
 #include <memory>
 
 #include "entry/Exports.h"
-#include "entry/OpenedPrinter.h"
 #include "entry/PrinterFiles.h"
-#include "entry/StoredDevMode.h"
 #include "entry/SupportedSystem.h"
 #include "model/PrinterModel.h"
 #include "platform/Errors.h"
+#include "settings/OpenedPrinter.h"
+#include "settings/StoredDevMode.h"
 #include "store/PrinterId.h"
 #include "store/PrinterRegistry.h"
 

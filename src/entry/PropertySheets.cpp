@@ -4,12 +4,12 @@
 #include "entry/ConvertDevMode.h"
 #include "entry/Exports.h"
 #include "entry/Sheet.h"
-#include "entry/StoredDevMode.h"
 #include "model/PrinterModel.h"
 #include "platform/Module.h"
 #include "settings/DriverSession.h"
 #include "settings/InitialDevMode.h"
 #include "settings/StockPapers.h"
+#include "settings/StoredDevMode.h"
 #include "store/PrinterId.h"
 
 namespace ostvt {

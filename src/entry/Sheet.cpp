@@ -3,11 +3,11 @@
 #include "core/Memory.h"
 #include "entry/CallerBlock.h"
 #include "entry/SheetHook.h"
-#include "entry/StoredDevMode.h"
 #include "model/PrinterModel.h"
 #include "platform/Module.h"
 #include "settings/DriverSession.h"
 #include "settings/StockPapers.h"
+#include "settings/StoredDevMode.h"
 #include "store/PrinterRegistry.h"
 
 namespace ostvt {

@@ -1,6 +1,9 @@
+#include "comm/MonitorLink.h"
 #include "entry/Exports.h"
-#include "entry/OpenedPrinter.h"
 #include "entry/PrinterFiles.h"
+#include "imaging/ImageDither.h"
+#include "imaging/ImageStretch.h"
+#include "settings/OpenedPrinter.h"
 
 using namespace ostvt;
 
@@ -9,11 +12,24 @@ void OSTVT_API X16_Install(const char16_t* printerName) {
   if (printer.IsOpen()) InstallPrinterFiles(printer.Handle());
 }
 
-// This module neither shares a server's configuration nor renders images, and has no channel to a
-// 16-bit partner: each of these leaves all as it is.
-void OSTVT_API X16_CreateShadow(const char16_t*) {}
-void OSTVT_API X16_CommitShadow(const char16_t*) {}
-void OSTVT_API X16_ImageDither_Dither(void*) {}
-void OSTVT_API X16_ImageDither_DitherSmooth(void*) {}
-void OSTVT_API X16_ImageStretch_Stretch(void*, void*) {}
+void OSTVT_API X16_ImageDither_Dither(void* record) {
+  ImageDither::Dither(static_cast<ImageDitherRecord*>(record));
+}
+void OSTVT_API X16_ImageDither_DitherSmooth(void* record) {
+  ImageDither::DitherSmooth(static_cast<ImageDitherRecord*>(record));
+}
+
+void OSTVT_API X16_ImageStretch_Stretch(void* record, void* destination) {
+  ImageStretch::StretchInto(static_cast<const ImageStretchRecord*>(record),
+                            static_cast<uint8_t*>(destination));
+}
+
+void OSTVT_API X16_CreateShadow(const char16_t* printerName) {
+  if (printerName) MonitorLink(printerName).PullShadow();
+}
+void OSTVT_API X16_CommitShadow(const char16_t* printerName) {
+  if (printerName) MonitorLink(printerName).PushShadow();
+}
+
+// This module has no channel to a 16-bit partner: all stays as it is.
 void OSTVT_API X16_DocumentProperties(void*, void*, const char*) {}

@@ -1,13 +1,40 @@
-// What the Ostrel family adds to a session.
+// What the Ostrel family adds to a session: its way to the printer, its commands and its rule for
+// the names that a printer takes.
 #pragma once
 
+#include "comm/PrinterPort.h"
 #include "settings/DriverSession.h"
 
 namespace ostvt {
 
+class U1Command;
+
+// Actions that the family knows besides the session's.
+enum FamilyAction : int32_t {
+  kActionCut = 3,
+  kActionDeviceReset = 7,
+  kActionDiagnostics = 10,
+  kActionInformation = 39,
+  kActionPowerManagement = 46,
+};
+
 class FamilyDriverSession : public DriverSession {
  public:
+  ~FamilyDriverSession() override;
+  void LoadSettings() override;
   void GetFileNameRules(NameRules* record) override;
+  // White space around the name goes, letters become capitals. The texts of a refusal are the
+  // language module's.
+  bool ValidateFileName(NameRequest* request) override;
+  // True for a command that the printer took.
+  bool DoAction(ActionContext* context, int32_t action) override;
+  uint32_t GetActionFlags(ActionContext* context, int32_t action) override;
+
+ private:
+  bool HasU1Commands();
+  bool SendCommand(int32_t action, const U1Command& command);
+
+  PrinterPort OwnPort;
 };
 
 }  // namespace ostvt

@@ -2,8 +2,6 @@
 
 #include <cstring>
 
-#include "settings/TopOfForm.h"
-
 namespace ostvt {
 namespace {
 
@@ -31,7 +29,5 @@ void OstrelModel::GetClockInfo(Buffer* block) {
 bool OstrelModel::HasClock() { return GetDefinitionBool("Features", "~RTC", false); }
 
 bool OstrelModel::HasU1Commands() { return GetDefinitionBool("Features", "~Commands.U1", false); }
-
-Measure OstrelModel::GetTopOfFormMaximum() { return ostvt::GetTopOfFormMaximum(this); }
 
 }  // namespace ostvt

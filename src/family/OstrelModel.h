@@ -14,8 +14,6 @@ class OstrelModel : public PrinterModel {
   bool HasClock();
   // The printer takes the U1 commands and answers variable queries.
   bool HasU1Commands();
-  // The largest adjustment of the top of form in either direction.
-  Measure GetTopOfFormMaximum();
 };
 
 }  // namespace ostvt

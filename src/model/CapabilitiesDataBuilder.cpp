@@ -2,30 +2,12 @@
 
 #include "model/RecordText.h"
 #include "model/SectionReader.h"
-#include "model/Symbologies.h"
+#include "model/SymbologyReader.h"
 
 namespace ostvt {
 namespace {
 
 constexpr int32_t kDefaultFontWeight = 400;
-
-constexpr WordBit kRestrictedMethods[] = {{"Serialization", kRestrictsSerialization},
-                                          {"VariableData", kRestrictsVariableData},
-                                          {"Static", kRestrictsStatic},
-                                          {"TemplateFile", kRestrictsTemplateFile}};
-
-constexpr WordBit kRatios[] = {{"Variable", kRatioVariable},
-                               {"2:1", 0x2000},
-                               {"11:5", 0x4000},
-                               {"9:4", 0x8000},
-                               {"7:3", 0x10000},
-                               {"12:5", 0x20000},
-                               {"5:2", 0x40000},
-                               {"13:5", 0x80000},
-                               {"8:3", 0x100000},
-                               {"11:4", 0x200000},
-                               {"14:5", 0x400000},
-                               {"3:1", 0x800000}};
 
 class Builder : private SectionReader {
  public:
@@ -35,7 +17,6 @@ class Builder : private SectionReader {
   void WriteFrame();
   void ReadDrawing();
   void ReadMethod();
-  void ReadRow(int32_t number);
   void ReadDefaultFont(const OString& prefix, DefaultFontRecord* font);
 
  private:
@@ -43,9 +24,6 @@ class Builder : private SectionReader {
   uint16_t ReadLineFlags();
   uint16_t ReadBoxFlags();
   uint16_t ReadFeatureFlags();
-  OString RowValue(const OString& name, const char* word);
-  template <size_t N>
-  uint32_t RowBits(const OString& name, const char* word, const WordBit (&words)[N]);
 
   CapabilitiesData& Record;
 };
@@ -115,36 +93,6 @@ void Builder::ReadMethod() {
   Record.NoSerializationCopies = When(!Flag("Serialization.Copies"));
 }
 
-// The symbology's own key, else the one that stands for all symbologies.
-OString Builder::RowValue(const OString& name, const char* word) {
-  const OString own = Definition.GetStringEx(name + "." + word);
-  return own.IsEmpty() ? Definition.GetStringEx(word) : own;
-}
-
-// Unlike elsewhere, words of a row's lists are told apart by case.
-template <size_t N>
-uint32_t Builder::RowBits(const OString& name, const char* word, const WordBit (&words)[N]) {
-  OStringArray list;
-  list.Split(RowValue(name, word), ",");
-  uint32_t bits = 0;
-  for (const WordBit& entry : words) {
-    if (list.Find(entry.Word) >= 0) bits |= entry.Bit;
-  }
-  return bits;
-}
-
-void Builder::ReadRow(int32_t number) {
-  const OString name = SymbologyName(number);
-  if (!Definition.GetBoolEx(name)) return;
-  SymbologyCapability& row = Record.Rows[number];
-  row.Present = kSymbologySupported;
-  if (DefinitionFile::ParseBool(RowValue(name, "Color"), false)) {
-    row.Present = kSymbologySupported | kSymbologyColor;
-  }
-  row.Flags = RowBits(name, "RestrictedMethods", kRestrictedMethods);
-  if (SymbologyHasRatio(number)) row.Flags |= RowBits(name, "Ratio", kRatios);
-}
-
 void Builder::ReadDefaultFont(const OString& prefix, DefaultFontRecord* font) {
   font->Weight = StoreWord(Definition.GetIntEx(prefix + ".Weight", kDefaultFontWeight));
   font->Size = StoreWord(Definition.GetIntEx(prefix + ".Size"));
@@ -163,7 +111,9 @@ void BuildCapabilitiesData(ModelDefinition* definition, CapabilitiesData* record
   definition->SelectContext(Context::kMethod);
   builder.ReadMethod();
   definition->SelectContext(Context::kBarCode);
-  for (int32_t number = 0; number < kSymbologyRows; ++number) builder.ReadRow(number);
+  for (int32_t number = 0; number < kSymbologyRows; ++number) {
+    ReadSymbology(definition, number, &record->Rows[number]);
+  }
   definition->SelectContext(Context::kFont);
   builder.ReadDefaultFont("DefaultFont.Text", &record->DefaultFonts[kDefaultFontText]);
   builder.ReadDefaultFont("DefaultFont.BarCode", &record->DefaultFonts[kDefaultFontBarCode]);

@@ -11,8 +11,8 @@ namespace ostvt {
 // One symbology, by its number in the table of Symbologies.h.
 struct SymbologyCapability {
   uint16_t Present;        // kSymbology...
-  uint16_t HumanReadable;  // 0 none, 1 on only, 2 on or off
-  uint32_t Flags;          // kRestricts..., kRatio... and bits of the symbology's own
+  uint16_t HumanReadable;  // kHumanReadable..., 0 none
+  uint32_t Flags;  // kRestricts..., kRatio... and bits of the symbology's own: SymbologyReader.cpp
   uint32_t HrFlags;
   uint16_t HrWeight;
   uint16_t HrSize;
@@ -59,6 +59,9 @@ struct CapabilitiesData {
 
 inline constexpr uint16_t kSymbologySupported = 1;
 inline constexpr uint16_t kSymbologyColor = 2;
+
+inline constexpr uint16_t kHumanReadableOn = 1;      // always
+inline constexpr uint16_t kHumanReadableChoice = 2;  // on or off
 
 inline constexpr uint32_t kRestrictsSerialization = 0x80000000;
 inline constexpr uint32_t kRestrictsVariableData = 0x40000000;

@@ -35,6 +35,7 @@ ModelDefinition::~ModelDefinition() {
   delete ManufacturerInfo;
   delete Capabilities;
   delete RfidCapabilities;
+  delete TopOfFormMaximum;
 }
 
 void ModelDefinition::OpenArchive() {
@@ -233,6 +234,10 @@ const CapabilitiesData* ModelDefinition::GetCapabilities() {
 
 const ostvt::RfidCapabilities* ModelDefinition::GetRfidCapabilities() {
   return LoadRecord("RFIDCapabilities", &RfidCapabilities, BuildRfidCapabilities);
+}
+
+Measure ModelDefinition::GetTopOfFormMaximum() {
+  return *LoadRecord("TopOfForm", &TopOfFormMaximum, BuildTopOfFormMaximum);
 }
 
 }  // namespace ostvt

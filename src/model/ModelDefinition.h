@@ -13,6 +13,8 @@
 #include "model/DefinitionFile.h"
 #include "model/ModelDataRecord.h"
 #include "model/ModelInfoRecords.h"
+#include "model/StringMap.h"
+#include "platform/Lock.h"
 #include "store/PrinterId.h"
 #include "store/PrinterRegistry.h"
 
@@ -72,6 +74,8 @@ class ModelDefinition : public DefinitionFile {
   const ostvt::ManufacturerInfo* GetManufacturerInfo();
   const CapabilitiesData* GetCapabilities();
   const ostvt::RfidCapabilities* GetRfidCapabilities();
+  // The largest adjustment of the top of form in either direction, never below zero.
+  Measure GetTopOfFormMaximum();
   // Makes the next look-up of the model's section start anew.
   void ForgetModelPath() { ModelPath.Release(); }
 
@@ -82,6 +86,10 @@ class ModelDefinition : public DefinitionFile {
   char FamilyCode[4] = {};  // lower case
   OString KeySuffix;        // "(XX)"; empty without a maker
   ostvt::ModelData ModelData = {};
+  // The driver options as the pages of a session see them, with edits that the store doesn't have
+  // yet; see DriverOptions.
+  StringMap OptionCache;
+  platform::Lock OptionLock;  // held for each access; no other lock of ours is taken under it
 
  private:
   template <typename Record>
@@ -99,6 +107,7 @@ class ModelDefinition : public DefinitionFile {
   ostvt::ManufacturerInfo* ManufacturerInfo = nullptr;
   CapabilitiesData* Capabilities = nullptr;
   ostvt::RfidCapabilities* RfidCapabilities = nullptr;
+  Measure* TopOfFormMaximum = nullptr;
   OString ModelPath;  // what the driver's section names as its model; empty until it is asked for
   bool ArchiveChosen = false;
 };

@@ -36,12 +36,10 @@ void BuildManufacturerInfo(ModelDefinition* definition, ManufacturerInfo* record
   StoreText(record->MakerCode, makerCode);
 }
 
-// Without tags: the frame of the record alone.
-void BuildRfidCapabilities(ModelDefinition*, RfidCapabilities* record) {
-  record->Size = sizeof *record;
-  record->RecordSize = sizeof record->Records[0];
-  record->FirstRecord = offsetof(RfidCapabilities, Records);
-  record->RecordCount = kRfidTagRecords;
+void BuildTopOfFormMaximum(ModelDefinition* definition, Measure* record) {
+  definition->SelectContext(Context::kModel);
+  const Measure maximum = definition->GetMeasureEx("~TopOfForm.Maximum");
+  *record = maximum < Measure(0) ? Measure(0) : maximum;
 }
 
 }  // namespace ostvt

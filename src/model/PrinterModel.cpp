@@ -168,6 +168,8 @@ bool PrinterModel::GetDefinitionBool(const OString& context, const OString& key,
   return Definition->GetBoolEx(key, defaultValue);
 }
 
+Measure PrinterModel::GetTopOfFormMaximum() { return Definition->GetTopOfFormMaximum(); }
+
 bool PrinterModel::HasPrinterFontCommand() {
   return GetDefinitionBool("Method", "PrinterCommand.Font", true);
 }

@@ -22,6 +22,7 @@ namespace ostvt {
 
 class ModelDefinition;
 class PaperSource;
+struct FontGroupInfo;
 class PrinterId;
 class PrinterRegistry;
 
@@ -154,7 +155,41 @@ class PrinterModel {
                               const OString& defaultValue = OString());
   bool GetDefinitionBool(const OString& context, const OString& key, bool defaultValue);
   bool HasPrinterFontCommand();
+  // The largest adjustment of the top of form in either direction, never below zero.
+  Measure GetTopOfFormMaximum();
   OString GetEncodingDescription(const OString& name);
+  // The encodings of the model's fonts, in the order in which they are offered. Replaces the
+  // content. Built on first use; what was found is kept until RebuildEncodings().
+  void GetEncodings(OStringArray* list);
+  // The system's character sets that the encodings cover; 1 alone stands for Unicode. Replaces the
+  // content, and is kept likewise.
+  void GetCharacterSets(ByteArray* array);
+  bool IsUnicodeModel();
+  // After a change of the font groups.
+  void RebuildEncodings();
+
+  // The user may declare fonts of his own; fonts of cards and packs are offered.
+  bool AllowsCustomFonts();
+  bool AllowsPredefinedFonts();
+  // Each replaces the list's content.
+  void GetFontProviders(OStringArray* list);
+  void GetProviderFonts(const OString& provider, OStringArray* list);
+  // Empty if there is no such provider, font or key.
+  OString GetProviderFontValue(const OString& provider, const OString& font, const OString& key);
+  // The names of the groups of fonts, kept in the store until Invalidate(): the model's own and
+  // those that the user's optional fonts bring, without those that the user excludes.
+  void GetFontGroups(OStringArray* list);
+  // Kept likewise. False, with `info` as it was, if the group has no fonts.
+  bool GetFontGroupInfo(const OString& group, FontGroupInfo* info);
+  bool HasFontGroups();
+  // The groups that the user's optional fonts bring. The model is invalidated.
+  void SetExpansionFonts(const OStringArray& list);
+
+  // A command as a user types it, in bytes of the system's own code page: "\r", "\n", "\t", "\e"
+  // (escape), "\\" and "\xHH", two digits of either case, become one byte each; every other "\"
+  // stands as typed. Replaces the content.
+  static void ExpandCommandText(const OString& text, Buffer* bytes);
+
   // `methods` is a "RestrictedMethods" list.
   static bool IsMethodRestricted(const OStringArray& methods);
   // Lays the model's default for job monitoring down in the driver options.
@@ -181,6 +216,9 @@ class PrinterModel {
   int32_t GetPaperCapability(int32_t capability, void* output, PaperSource* papers);
 
   OStringArray DependentFiles;  // names without directory
+  OStringArray Encodings;       // empty until they are asked for
+  ByteArray Charsets;           // of Encodings, likewise
+  bool EncodingsLoaded = false;
 };
 
 // The family's factory: a new model, opened; null when the printer cannot be identified.

@@ -21,18 +21,4 @@ const char* SymbologyName(int32_t number) {
   return number >= 0 && number < kSymbologyRows ? kNames[number] : "";
 }
 
-bool SymbologyHasRatio(int32_t number) {
-  switch (number) {
-    case 0:
-    case 2:
-    case 4:
-    case 5:
-    case 6:
-    case 24:
-      return true;
-    default:
-      return false;
-  }
-}
-
 }  // namespace ostvt

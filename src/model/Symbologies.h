@@ -7,7 +7,5 @@ namespace ostvt {
 
 // The key prefix of definitions. 0 and 1 share a name; "" above 37.
 const char* SymbologyName(int32_t number);
-// The width of wide bars over that of narrow ones is a choice.
-bool SymbologyHasRatio(int32_t number);
 
 }  // namespace ostvt

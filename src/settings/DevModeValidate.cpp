@@ -5,7 +5,6 @@
 #include "model/PrinterModel.h"
 #include "settings/DevMode.h"
 #include "settings/PaperResolver.h"
-#include "settings/TopOfForm.h"
 
 namespace ostvt {
 namespace {
@@ -59,7 +58,7 @@ void ClampSettings(OstrelSettings* settings, PrinterModel* model) {
   settings->labelCount = std::max(int32_t{settings->labelCount}, 0);
   // Zero needs no limit: the usual block is validated without a look into the definition.
   if (settings->topOfForm != 0) {
-    const int32_t maximum = GetTopOfFormMaximum(model).ToMicrons();
+    const int32_t maximum = model->GetTopOfFormMaximum().ToMicrons();
     settings->topOfForm = std::clamp(int32_t{settings->topOfForm}, -maximum, maximum);
   }
   settings->feedLength = limit(settings->feedLength, kLengthLimit);

@@ -22,7 +22,11 @@ OString VersionTextOf(const char16_t* name) { return platform::VersionText(name)
 
 DriverSession::~DriverSession() {
   if (AtEnd) AtEnd(this);
-  if (Model && !NoShadowPush) Link.SetShadowBlocked(false);
+  if (Model && !NoShadowPush) {
+    MonitorFailureDialog();
+    Link.SetShadowBlocked(false);
+    Link.PushShadow();
+  }
   delete Model;
   FreeCounted(PageHandles);
 }
@@ -38,7 +42,9 @@ void DriverSession::Initialize(platform::PrinterHandle printerHandle, const DevM
   DevModeBuffer.Allocate();
   LoadDefaultDevMode();
   Link.PrinterName = PrinterName;
+  MonitorFailureDialog();
   Link.SetShadowBlocked(false);
+  Link.PullShadow();
   // Later sources win: the spooler's stored device mode, then the caller's. Their papers are looked
   // up in a list of their own, since the session's follows only what is edited in it.
   StockPapers papers(Model);
@@ -55,21 +61,40 @@ void DriverSession::Initialize(platform::PrinterHandle printerHandle, const DevM
 }
 
 void DriverSession::LoadSettings() {
-  if (DevModeBuffer.IsEmpty()) return;
-  DevModeCrc = CRC32(DevModeBuffer.GetBlock(), DevModeBuffer.GetSize(), 0);
-  if (SavedDevMode.IsEmpty()) SavedDevMode.Assign(DevModeBuffer);
+  if (!DevModeBuffer.IsEmpty()) {
+    DevModeCrc = CRC32(DevModeBuffer.GetBlock(), DevModeBuffer.GetSize(), 0);
+    if (SavedDevMode.IsEmpty()) SavedDevMode.Assign(DevModeBuffer);
+  }
+  DownloadedFonts.Load(Model);
+  DataFonts.Load(Model);
+  FontMappings.Load(Model);
+  OptionalFonts.Load(Model);
+  FontEncodings.Load(Model);
 }
 
 void DriverSession::Save() {
   if (!Model) return;
+  if (PresetsLoaded) Presets.Save(Model);
   if (StockLoaded) Stock.Save(Model);
+  DownloadedFonts.Save(Model);
+  DataFonts.Save(Model);
+  FontMappings.Save(Model);
+  OptionalFonts.Save(Model);
   StoreDefaultDevMode();
+  if (!NoShadowPush) Link.PushShadow();
 }
 
 void DriverSession::Reload() {
   if (!Model) return;
+  Link.PullShadow();
+  Presets.Load(Model);
+  PresetsLoaded = true;
+  BuiltInPresetsAdded = false;
   Stock.Load(Model);
   StockLoaded = true;
+  DownloadedFonts.Load(Model);
+  DataFonts.Load(Model);
+  FontMappings.Load(Model);
 }
 
 StockList& DriverSession::GetStock() {
@@ -117,8 +142,8 @@ bool DriverSession::IsDefaultsSession() const {
 
 bool DriverSession::IsLocked() {
   if (!LockedKnown && Model) {
-    // Without a monitor that says otherwise a client's settings are its own.
-    const int32_t required = GetRequiredAccessLevel(Model->GetStore(), false);
+    const bool sharing = Model->GetStore().IsRemote && Link.IsSharingInForce();
+    const int32_t required = GetRequiredAccessLevel(Model->GetStore(), sharing);
     Locked = GetUserAccessLevel() < required;
     LockedKnown = true;
   }

@@ -7,16 +7,26 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 
 #include "comm/MonitorLink.h"
 #include "core/OString.h"
+#include "fonts/CustomCharacterSetTable.h"
+#include "fonts/DataFontTable.h"
+#include "fonts/DownloadedFontList.h"
+#include "fonts/FontMappingTable.h"
+#include "fonts/OptionalFontTable.h"
 #include "platform/Spooler.h"
 #include "settings/DevMode.h"
+#include "settings/PresetList.h"
+#include "settings/ResourceContext.h"
 #include "settings/SessionRecords.h"
 #include "settings/StockList.h"
 
 namespace ostvt {
 
+class OFile;
+class OStream;
 class PrinterModel;
 class PrinterPort;
 
@@ -29,6 +39,17 @@ inline constexpr uint32_t kSessionDefaults = 64;  // the printer's default setti
 // The sheet host's callback.
 using SheetCallbackFunction = intptr_t (*)(void* sheet, uint32_t function, intptr_t first,
                                            intptr_t second);
+
+// What the user did about a monitor that doesn't answer.
+enum class MonitorFailureAnswer {
+  kNotShown,  // nobody could be asked: the session goes on as it is
+  kAgain,     // the monitor is to be tried again
+  kTurnOff,   // network communication is to be turned off
+};
+using MonitorFailureFunction = MonitorFailureAnswer (*)(DriverSession* session, bool isClient);
+
+// How many bytes of a file are on their way.
+using SendProgressFunction = void (*)(void* context, uint32_t sent, uint32_t total);
 
 class DriverSession {
  public:
@@ -63,10 +84,38 @@ class DriverSession {
                   uint32_t flags, const OString& printerName = OString());
   // Writes what changed to the store, and the device mode as the one that new sessions begin with.
   void Save();
-  // Reads the lists anew; the device mode stays.
+  // Reads the lists anew; the device mode, the optional fonts and the custom character sets stay.
   void Reload();
   // The printer's stock, read on the first call. The session's.
   StockList& GetStock();
+  // The printer's presets with the built-in ones, read on the first call. The session's.
+  PresetList& GetPresets();
+  // The session's device mode and the model's defaults as presets, in place of earlier ones of that
+  // kind.
+  void AddBuiltInPresets();
+  // Copies of the other session's presets take the place of this one's; Save then writes them.
+  void CopyPresetList(DriverSession& other);
+  // The file's bytes as they are, as a job of its name. False, with nothing sent, when the file
+  // can't be read whole, holds more than 2 GiB, or the job can't be opened; false too when the
+  // printer didn't take all of it. `progress` may be null; it is called in between.
+  bool SendFile(const OString& path, SendProgressFunction progress = nullptr,
+                void* context = nullptr);
+  // The device mode as a text record of a settings file.
+  void ExportDefaultDevMode(OStream& stream) const;
+  // From all such records of the file that are meant for `model`, the later over the earlier. True
+  // if there was one; on the spooler path it is then the printer's stored device mode too.
+  bool ImportDefaultDevMode(OFile& stream, PrinterModel* model);
+  // Asks the monitor, and where it is missed holds the user until it answers, network communication
+  // is turned off or nobody can be asked.
+  void MonitorFailureDialog();
+  // The monitor's window for this printer. False where it can't be started, as on Linux. `wait` is
+  // the window's state (see platform/Process.h); nobody waits.
+  bool LaunchStatusMonitor(const OString& verb, int32_t wait);
+  bool OpenStatusMonitor(int32_t wait);
+  bool CloseStatusMonitor();
+  // See comm/NetworkSettings.h.
+  bool ExportNetworkSettings(OStream& stream) const;
+  bool ImportNetworkSettings(OFile& stream);
   // The About page is not to be the page shown first.
   void KeepAboutClosed();
   // The session edits the printer's defaults, not those of one document.
@@ -81,12 +130,21 @@ class DriverSession {
   OString GetScmBranch() const;
   OString GetScmRevision() const;
 
-  PrinterModel* Model = nullptr;  // owned
-  DevMode DevModeBuffer;          // the working device mode
-  DevMode SavedDevMode;           // as it stood when the session loaded; may be empty
+  std::unique_ptr<ResourceContext> Resources;  // may be null: all texts are then empty
+  PrinterModel* Model = nullptr;               // owned
+  DevMode DevModeBuffer;                       // the working device mode
+  DevMode SavedDevMode;                        // as it stood when the session loaded; may be empty
+  DownloadedFontList DownloadedFonts;
+  DataFontTable DataFonts;
+  FontMappingTable FontMappings;
+  OptionalFontTable OptionalFonts;
+  CustomCharacterSetTable FontEncodings;  // saved by the page that edits it, not by Save
   platform::PrinterHandle PrinterHandle = nullptr;
   bool DefaultsMode = false;  // IsDefaultsSession on the 16-bit path
   MonitorLink Link;
+  PrinterPort* Port = nullptr;  // the way to the printer, where the family has one; the family's
+  // Set by whoever makes the session, before Initialize. Null: nobody can be asked.
+  MonitorFailureFunction ShowMonitorFailure = nullptr;
   uint32_t DevModeCrc = 0;  // of the whole device mode at load
   OString PrinterName;
   bool AboutMayOpenFirst = true;
@@ -101,9 +159,15 @@ class DriverSession {
   // session from outside lets go of it.
   void (*AtEnd)(DriverSession* session) = nullptr;
   void* DialogArgument = nullptr;  // for the dialog being opened; the opener's
-  StockList Stock;                 // empty until StockLoaded; see GetStock
+  PresetList Presets;              // empty until PresetsLoaded; see GetPresets
+  bool PresetsLoaded = false;
+  StockList Stock;  // empty until StockLoaded; see GetStock
   bool StockLoaded = false;
   bool NoShadowPush = false;  // closing and saving tell the server nothing
+
+ protected:
+  // Of the language module; empty without one.
+  OString GetString(int32_t number) const;
 
  private:
   // False: model defaults stand in.
@@ -111,6 +175,7 @@ class DriverSession {
   bool LoadNarrowDevMode();
   void StoreDefaultDevMode();
 
+  bool BuiltInPresetsAdded = false;
   bool Locked = false;
   bool LockedKnown = false;
 };

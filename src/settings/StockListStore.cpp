@@ -55,15 +55,20 @@ void StockList::Load(PrinterModel* model) {
   if (model) {
     PrinterRegistry& store = model->GetStore();
     const OString modelForms = ModelForms(model);
-    if (StockItem* userForm = ReadStockForm(store, kUserForm)) {
+    const auto loadUserForm = [&store, this] {
+      StockItem* userForm = ReadStockForm(store, kUserForm);
+      if (!userForm) return;
       userForm->Flags |= kStockUserForm;
       ReplaceUserForm(userForm);
-    }
-    // Nobody may write between the first form and the last.
+    };
     if (CountStockForms(store, kForms) > 0 || CountStockForms(store, modelForms) > 0) {
+      // Nobody may write between the first form and the last.
       const KeyStoreTransaction reading(store.GetDataHive(), KeyStoreTransaction::Purpose::kRead);
+      loadUserForm();
       LoadForms(store, kForms, this);
       LoadForms(store, modelForms, this);
+    } else {
+      loadUserForm();
     }
   }
   Normalize();
@@ -77,7 +82,7 @@ bool StockList::Save(PrinterModel* model) {
   KeyStoreTransaction writing(store.GetDataHive(), KeyStoreTransaction::Purpose::kWrite);
   if (!writing.IsOpen()) return false;
   const bool together = writing.CanRollBack();
-  const StockWriting way = together ? StockWriting::kTogether : StockWriting::kOneByOne;
+  const EntryWriting way = together ? EntryWriting::kTogether : EntryWriting::kOneByOne;
 
   const StockItem* userForm = FirstUserForm(*this);
   bool done = !userForm || WriteStockForm(store, kUserForm, *userForm);

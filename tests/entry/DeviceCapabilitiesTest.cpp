@@ -2,6 +2,8 @@
 
 #include <filesystem>
 
+#include "model/ArchiveCache.h"
+#include "model/Caches.h"
 #include "tests/entry/EntryFixture.h"
 
 namespace ostvt::test {
@@ -30,6 +32,31 @@ TEST_F(DeviceCapabilities, HandleWinsWhenTheNameIsEmpty) {
     EXPECT_EQ(DrvDeviceCapabilities(handle, name, 13, nullptr, nullptr), 2u);
   }
   EXPECT_EQ(DrvDeviceCapabilities(handle, Name(), 13, nullptr, nullptr), 2u);
+}
+
+// As a print dialog asks: for every number and then for the data, also about a block of its own.
+// A top of form is what a model limits by a key of its own.
+TEST_F(DeviceCapabilities, AWarmCallTouchesNoArchive) {
+  AddPrinter();
+  std::vector<uint8_t> block = DriverDefault();
+  const int32_t topOfForm = 1000;
+  memcpy(block.data() + 220 + offsetof(ModelRecord, OstrelSettings.topOfForm), &topOfForm,
+         sizeof topOfForm);
+  for (int capability : {1, 8}) Ask(capability, nullptr, block.data());
+
+  const uint32_t opens = TheArchiveCache()->GetOpenCount();
+  std::vector<uint8_t> output(1 << 16);
+  for (int capability = 0; capability <= 34; ++capability) {
+    for (const void* devMode :
+         {static_cast<const void*>(nullptr), static_cast<const void*>(block.data())}) {
+      Ask(capability, nullptr, devMode);
+      Ask(capability, output.data(), devMode);
+    }
+  }
+  int32_t size = 0;
+  EXPECT_EQ(DrvConvertDevMode(Name(), nullptr, nullptr, &size, 4), 0);
+  EXPECT_EQ(size, 1516);
+  EXPECT_EQ(TheArchiveCache()->GetOpenCount(), opens);
 }
 
 TEST_F(DeviceCapabilities, UnknownPrinterIsUnknown) {

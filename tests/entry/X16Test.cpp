@@ -4,6 +4,7 @@
 #include <string>
 
 #include "entry/Exports.h"
+#include "imaging/ImageStretch.h"
 #include "tests/entry/GuardedBlock.h"
 #include "tests/support/TempDirectory.h"
 
@@ -131,6 +132,44 @@ TEST_F(X16Files, MissingFileHasNoTime) {
     EXPECT_EQ(X16_OFile_SetTime(path, &time, &time, &time), 1);
   }
   EXPECT_EQ(time, 77u);
+}
+
+TEST(X16Bridge, StretchWritesIntoTheGivenBuffer) {
+  const std::vector<uint8_t> header = {0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 24, 0};
+  const std::vector<uint8_t> bits = {1, 2, 3, 4, 5, 6};
+  GuardedBlock own(6);
+  GuardedBlock result(6);
+  ostvt::ImageStretchRecord record = {};
+  record.header = header.data();
+  record.bits = bits.data();
+  record.sourceWidth = record.destWidth = 1;
+  record.sourceHeight = record.destHeight = 2;
+  record.sourceRowBytes = record.destRowBytes = 3;
+  record.destination = own.Data();
+  X16_ImageStretch_Stretch(&record, result.Data());
+  EXPECT_EQ(result.Copy(), (std::vector<uint8_t>{4, 5, 6, 1, 2, 3}));
+  EXPECT_EQ(own.Copy(), std::vector<uint8_t>(6, 0xCD));
+}
+
+// 100 under the 2 x 2 matrix 0 128 / 192 64: the pixels on the main diagonal are on. Smooth, each
+// pixel meets the whole matrix: two of its four dots are on.
+TEST(X16Bridge, DitherChangesTheRecordsPixels) {
+  for (bool smooth : {false, true}) {
+    GuardedBlock pixels(12, 100);
+    GuardedBlock record(136, 0);
+    const uint64_t address = reinterpret_cast<uintptr_t>(pixels.Data());
+    memcpy(record.Data(), &address, 8);
+    record.PutDword(8, 2);   // width
+    record.PutDword(12, 2);  // height
+    record.PutDword(16, 6);  // bytes in a row
+    record.PutWord(112, 1);  // ordered
+    const std::vector<uint8_t> before = record.Copy();
+    (smooth ? X16_ImageDither_DitherSmooth : X16_ImageDither_Dither)(record.Data());
+    EXPECT_EQ(record.Copy(), before);
+    EXPECT_EQ(pixels.Copy(), smooth ? std::vector<uint8_t>(12, 127)
+                                    : (std::vector<uint8_t>{255, 255, 255, 0, 0, 0,  //
+                                                            0, 0, 0, 255, 255, 255}));
+  }
 }
 
 TEST(X16Bridge, CallsTolerateAnything) {

@@ -4,32 +4,14 @@
 #include <random>
 
 #include "settings/StockForms.h"
-#include "store/ORegistry.h"
 #include "tests/settings/StockFixture.h"
+#include "tests/support/StoppingRegistry.h"
 #include "tests/support/TestStore.h"
 
 namespace ostvt::test {
 namespace {
 
 constexpr char kPath[] = "LOCAL:Tests-Store/Forms/";
-
-// Takes no more than a number of calls, as if the process were killed before the next.
-class StoppingRegistry : public ORegistry {
- public:
-  explicit StoppingRegistry(int calls) : Left(calls) {}
-  platform::KeyHandle OpenKey(const OString& path, bool create) const override {
-    if (Left == 0) return nullptr;
-    --Left;
-    ++Made;
-    return ORegistry::OpenKey(path, create);
-  }
-  bool IsStopped() const { return Left == 0; }
-  int CallsMade() const { return Made; }
-
- private:
-  mutable int Left;
-  mutable int Made = 0;
-};
 
 // Name to width and flags.
 using Stocks = std::vector<std::pair<std::string, std::pair<int32_t, int32_t>>>;
@@ -40,7 +22,7 @@ class StockForms : public ::testing::Test {
     for (const auto& [name, data] : stocks)
       AddStockTo(list, name.c_str(), data.first, 1, data.second);
   }
-  static bool Write(ORegistry& registry, const Stocks& stocks, StockWriting writing) {
+  static bool Write(ORegistry& registry, const Stocks& stocks, EntryWriting writing) {
     StockList list;
     Fill(stocks, &list);
     std::vector<const StockItem*> items;
@@ -65,7 +47,7 @@ class StockForms : public ::testing::Test {
   static void Restore(const Stocks& stocks) {
     ORegistry registry;
     registry.Delete("LOCAL:Tests-Store/Forms", true);
-    ASSERT_TRUE(Write(registry, stocks, StockWriting::kTogether));
+    ASSERT_TRUE(Write(registry, stocks, EntryWriting::kTogether));
   }
   // Stops after each call in turn. How many calls the whole takes.
   static int ExpectSafe(const Stocks& before, const Stocks& after) {
@@ -74,7 +56,7 @@ class StockForms : public ::testing::Test {
     for (int calls = 0;; ++calls) {
       Restore(before);
       StoppingRegistry stopping(calls);
-      const bool done = Write(stopping, after, StockWriting::kOneByOne);
+      const bool done = Write(stopping, after, EntryWriting::kOneByOne);
       const auto found = ReadAll();
       for (const auto& [name, data] : old) {
         const auto now = found.find(name);
@@ -95,7 +77,7 @@ class StockForms : public ::testing::Test {
       }
       // What was left takes the next list as if nothing had happened.
       ORegistry registry;
-      EXPECT_TRUE(Write(registry, after, StockWriting::kOneByOne));
+      EXPECT_TRUE(Write(registry, after, EntryWriting::kOneByOne));
       EXPECT_EQ(wanted, ReadAll()) << "after " << calls;
       if (::testing::Test::HasFailure() || (done && !stopping.IsStopped())) return calls;
     }
@@ -111,7 +93,7 @@ class StockForms : public ::testing::Test {
     int32_t values = 0;
     return ORegistry().GetKeyInfo("LOCAL:Tests-Store/Forms", nullptr, &values) ? values : -1;
   }
-  static int CallsToWrite(const Stocks& stocks, StockWriting writing) {
+  static int CallsToWrite(const Stocks& stocks, EntryWriting writing) {
     StoppingRegistry counting(1000);
     EXPECT_TRUE(Write(counting, stocks, writing));
     return counting.CallsMade();
@@ -159,25 +141,25 @@ TEST_F(StockForms, AnyChangeLosesNothing) {
 TEST_F(StockForms, NothingIsLeftBehindTheTotal) {
   Restore(Plain("BCD"));
   ORegistry registry;
-  EXPECT_TRUE(Write(registry, Plain("ABCD"), StockWriting::kOneByOne));
+  EXPECT_TRUE(Write(registry, Plain("ABCD"), EntryWriting::kOneByOne));
   EXPECT_EQ(9, ValueCount());
-  EXPECT_TRUE(Write(registry, Plain("D"), StockWriting::kOneByOne));
+  EXPECT_TRUE(Write(registry, Plain("D"), EntryWriting::kOneByOne));
   EXPECT_EQ(3, ValueCount());
 }
 
 TEST_F(StockForms, WhatDidNotChangeIsNotWritten) {
   Restore(Plain("ABCD"));
   // Two reads for each form, one for the total at either end.
-  EXPECT_EQ(10, CallsToWrite(Plain("ABCD"), StockWriting::kOneByOne));
+  EXPECT_EQ(10, CallsToWrite(Plain("ABCD"), EntryWriting::kOneByOne));
   Stocks changed = Plain("ABCD");
   changed[2].second.first = 5;
-  EXPECT_EQ(11, CallsToWrite(changed, StockWriting::kOneByOne));
+  EXPECT_EQ(11, CallsToWrite(changed, EntryWriting::kOneByOne));
 }
 
 TEST_F(StockForms, RefusedWriteIsTold) {
   Restore(Plain("A"));
   StoppingRegistry stopping(4);
-  EXPECT_FALSE(Write(stopping, Plain("AB"), StockWriting::kTogether));
+  EXPECT_FALSE(Write(stopping, Plain("AB"), EntryWriting::kTogether));
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 // Where stock lies in the store, and what becomes of what is found there.
-#include <algorithm>
-
 #include "tests/settings/StockFixture.h"
+#include "tests/settings/StoredValues.h"
 
 namespace ostvt::test {
 namespace {
@@ -12,63 +11,19 @@ constexpr char16_t kSettings[] =
     u"SYSTEM\\CurrentControlSet\\Control\\Print\\Printers\\Test Printer\\PrinterDriverData\\"
     u"Settings";
 
-using Bytes = std::vector<uint8_t>;
-
-// "Shelf" as 16-bit units with a terminator.
-Bytes WideBytes(const std::string& text) {
-  Bytes bytes;
-  for (const char unit : text + '\0') {
-    bytes.push_back(static_cast<uint8_t>(unit));
-    bytes.push_back(0);
-  }
-  return bytes;
-}
-
 class StockStore : public StockTest {
  protected:
   void SetUp() override {
     StockTest::SetUp();
     Model();
   }
-  // Past every class under test.
-  static void Write(const char16_t* key, const char16_t* name, const Bytes& data, uint32_t type) {
-    platform::KeyHandle opened = platform::OpenKey(platform::Hive::kLocalMachine, key, true);
-    EXPECT_EQ(static_cast<int>(data.size()),
-              platform::WriteValue(opened, name, data.data(), static_cast<int>(data.size()), type));
-    platform::CloseKey(opened);
-  }
-  static Bytes Read(const char16_t* key, const char16_t* name, uint32_t expectedType,
-                    platform::Hive hive = platform::Hive::kLocalMachine) {
-    Bytes data(300);
-    uint32_t type = 0;
-    platform::KeyHandle opened = platform::OpenKey(hive, key, false);
-    const int size = platform::ReadValue(opened, name, data.data(), 300, &type);
-    platform::CloseKey(opened);
-    data.resize(static_cast<size_t>(std::max(size, 0)));
-    if (size >= 0) {
-      EXPECT_EQ(expectedType, type);
-    }
-    return data;
-  }
-  static std::string ValuesOf(const char16_t* key) {
-    platform::KeyHandle opened = platform::OpenKey(platform::Hive::kLocalMachine, key, false);
-    std::vector<std::string> names;
-    char16_t name[platform::kNameUnits];
-    for (int i = 0; platform::EnumerateValue(opened, i, name); ++i)
-      names.push_back(OString(name).GetNarrow());
-    platform::CloseKey(opened);
-    std::sort(names.begin(), names.end());
-    std::string text;
-    for (const std::string& each : names) text += each + ";";
-    return text;
-  }
   static void PutForm(const char16_t* key, const std::u16string& form, const std::string& name,
                       const Bytes& data) {
-    Write(key, (form + u": Name").c_str(), WideBytes(name), 1);
-    Write(key, (form + u": Data").c_str(), data, 3);
+    WriteStored(key, (form + u": Name").c_str(), WideBytes(name), 1);
+    WriteStored(key, (form + u": Data").c_str(), data, 3);
   }
   static void PutTotal(const char16_t* key, int32_t total) {
-    Write(key, u"Total", DataBytes({static_cast<uint32_t>(total)}), 4);
+    WriteStored(key, u"Total", DataBytes({static_cast<uint32_t>(total)}), 4);
   }
   std::string Loaded() {
     List.Load(Model());
@@ -100,18 +55,19 @@ TEST_F(StockStore, FormsLieWhereTheyShould) {
   EXPECT_TRUE(List.Save(Model()));
 
   EXPECT_EQ("User Form: Data;User Form: Name;", ValuesOf(kSettings));
-  EXPECT_EQ(WideBytes("USER"), Read(kSettings, u"User Form: Name", 1));
+  EXPECT_EQ(WideBytes("USER"), ReadStored(kSettings, u"User Form: Name", 1));
   EXPECT_EQ(DataBytes({0x01020304, 150000, 1270, 1270, 0, 0, 1}),
-            Read(kSettings, u"User Form: Data", 3));
+            ReadStored(kSettings, u"User Form: Data", 3));
   EXPECT_EQ("Form 01: Data;Form 01: Name;Form 02: Data;Form 02: Name;Total;", ValuesOf(kForms));
-  EXPECT_EQ(DataBytes({2}), Read(kForms, u"Total", 4));
-  EXPECT_EQ(WideBytes("Pallet"), Read(kForms, u"Form 01: Name", 1));
-  EXPECT_EQ(DataBytes({100000, 150000, 0, 0, 0, 0, 0}), Read(kForms, u"Form 01: Data", 3));
-  EXPECT_EQ(WideBytes("Shelf"), Read(kForms, u"Form 02: Name", 1));
-  EXPECT_EQ(DataBytes({50000, 25000, 1, 2, 3, 0xFFFFFFFC, 4}), Read(kForms, u"Form 02: Data", 3));
+  EXPECT_EQ(DataBytes({2}), ReadStored(kForms, u"Total", 4));
+  EXPECT_EQ(WideBytes("Pallet"), ReadStored(kForms, u"Form 01: Name", 1));
+  EXPECT_EQ(DataBytes({100000, 150000, 0, 0, 0, 0, 0}), ReadStored(kForms, u"Form 01: Data", 3));
+  EXPECT_EQ(WideBytes("Shelf"), ReadStored(kForms, u"Form 02: Name", 1));
+  EXPECT_EQ(DataBytes({50000, 25000, 1, 2, 3, 0xFFFFFFFC, 4}),
+            ReadStored(kForms, u"Form 02: Data", 3));
   EXPECT_EQ("Form 01: Data;Form 01: Name;Total;", ValuesOf(kModelForms));
-  EXPECT_EQ(DataBytes({1}), Read(kModelForms, u"Total", 4));
-  EXPECT_EQ(DataBytes({7, 8, 0, 0, 0, 0, 2}), Read(kModelForms, u"Form 01: Data", 3));
+  EXPECT_EQ(DataBytes({1}), ReadStored(kModelForms, u"Total", 4));
+  EXPECT_EQ(DataBytes({7, 8, 0, 0, 0, 0, 2}), ReadStored(kModelForms, u"Form 01: Data", 3));
 }
 
 TEST_F(StockStore, FormsWrittenByHandAreRead) {
@@ -172,8 +128,8 @@ TEST_F(StockStore, FormsWithBadDataOrWithoutANameAreLeftOut) {
   PutForm(kForms, u"Form 02", "Good", Data(1));
   PutForm(kForms, u"Form 03", "Long", Bytes(29));
   PutForm(kForms, u"Form 04", "", Data(1));
-  Write(kForms, u"Form 05: Name", WideBytes("No data"), 1);
-  Write(kForms, u"Form 06: Data", Data(1), 3);
+  WriteStored(kForms, u"Form 05: Name", WideBytes("No data"), 1);
+  WriteStored(kForms, u"Form 06: Data", Data(1), 3);
   PutForm(kForms, u"Form 07", "Last", Data(1));
   PutTotal(kForms, 7);
   EXPECT_EQ("USER,Good,Last", Loaded());
@@ -213,10 +169,10 @@ TEST_F(StockStore, Form100HasTens10) {
   for (int i = 1; i <= 101; ++i) AddStockTo(&List, OString("L") + OString::FromInt(i, 3));
   List.Normalize();
   List.Save(Model());
-  EXPECT_EQ(WideBytes("L009"), Read(kForms, u"Form 09: Name", 1));
-  EXPECT_EQ(WideBytes("L099"), Read(kForms, u"Form 99: Name", 1));
-  EXPECT_EQ(WideBytes("L100"), Read(kForms, u"Form 100: Name", 1));
-  EXPECT_EQ(WideBytes("L101"), Read(kForms, u"Form 101: Name", 1));
+  EXPECT_EQ(WideBytes("L009"), ReadStored(kForms, u"Form 09: Name", 1));
+  EXPECT_EQ(WideBytes("L099"), ReadStored(kForms, u"Form 99: Name", 1));
+  EXPECT_EQ(WideBytes("L100"), ReadStored(kForms, u"Form 100: Name", 1));
+  EXPECT_EQ(WideBytes("L101"), ReadStored(kForms, u"Form 101: Name", 1));
   StockList again;
   again.Load(Model());
   EXPECT_EQ(ContentOf(List), ContentOf(again));
@@ -233,8 +189,8 @@ TEST_F(StockStore, RemovingForm3Of5DeletesTheValuesOfNumber5) {
       "Form 01: Data;Form 01: Name;Form 02: Data;Form 02: Name;Form 03: Data;Form 03: Name;"
       "Form 04: Data;Form 04: Name;Total;",
       ValuesOf(kForms));
-  EXPECT_EQ(WideBytes("D"), Read(kForms, u"Form 03: Name", 1));
-  EXPECT_EQ(WideBytes("E"), Read(kForms, u"Form 04: Name", 1));
+  EXPECT_EQ(WideBytes("D"), ReadStored(kForms, u"Form 03: Name", 1));
+  EXPECT_EQ(WideBytes("E"), ReadStored(kForms, u"Form 04: Name", 1));
   EXPECT_EQ("USER,A,B,D,E", Loaded());
 }
 
@@ -290,8 +246,8 @@ TEST_F(StockStore, TotalsAreWrittenEvenIfThereIsNothingToCount) {
   List.Load(Model());
   List.GetFirst()->Width = 1;
   EXPECT_TRUE(List.Save(Model()));
-  EXPECT_EQ(DataBytes({0}), Read(kForms, u"Total", 4));
-  EXPECT_EQ(DataBytes({0}), Read(kModelForms, u"Total", 4));
+  EXPECT_EQ(DataBytes({0}), ReadStored(kForms, u"Total", 4));
+  EXPECT_EQ(DataBytes({0}), ReadStored(kModelForms, u"Total", 4));
 }
 
 TEST_F(StockStore, RemovedUserFormStaysStored) {
@@ -342,8 +298,8 @@ TEST_F(StockStore, ShadowedPrinterHasItsStockInTheUsersHive) {
   List.Normalize();
   EXPECT_TRUE(List.Save(Model()));
   EXPECT_EQ("", ValuesOf(kForms));
-  EXPECT_EQ(WideBytes("A"), Read(u"SOFTWARE\\Vantrel\\Drivers\\LOCAL:\\Paper Sizes",
-                                 u"Form 01: Name", 1, platform::Hive::kCurrentUser));
+  EXPECT_EQ(WideBytes("A"), ReadStored(u"SOFTWARE\\Vantrel\\Drivers\\LOCAL:\\Paper Sizes",
+                                       u"Form 01: Name", 1, platform::Hive::kCurrentUser));
   EXPECT_EQ("USER,A", Loaded());
 }
 
@@ -357,7 +313,7 @@ TEST_F(StockStore, ShadowedPrinterOnAnOlderPathHasItsStockInTheMachinesHive) {
   EXPECT_TRUE(List.Save(Model()));
   EXPECT_EQ("", ValuesOf(kForms));
   EXPECT_EQ(WideBytes("A"),
-            Read(u"SOFTWARE\\Vantrel\\Drivers\\LOCAL:\\Paper Sizes", u"Form 01: Name", 1));
+            ReadStored(u"SOFTWARE\\Vantrel\\Drivers\\LOCAL:\\Paper Sizes", u"Form 01: Name", 1));
   EXPECT_EQ("USER,A", Loaded());
 }
 

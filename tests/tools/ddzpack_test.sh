@@ -164,8 +164,11 @@ mistake "link without file" ost/Driver.d '[D]\nManufacturer=V\n' 2 \
 mistake "link to a file of another kind" ost/Driver.d '[D]\nModel=Manufacturer:V\n' 2 \
   'Model: link "Manufacturer:V" does not lead to Model:SECTION'
 mistake "link to a missing file" ost/Model.d '[M]\nRFID=RFID:Reader\n' 2 "RFID: leads to RFID.d, which is missing"
-mistake "missing font group" ost/FontGroup.d '[Set]\nFonts=FontGroup:A.pfg,B,FontGroup:C.pfg\n[A]\nFont=x\n[B]\nFont=y\n' 2 \
-  "Fonts: leads to [C], which FontGroup.d does not have"
+mistake "font groups without their file" ost/Font.d '[F]\nFonts=A\n' 2 "Fonts: leads to FontGroup.d, which is missing"
+mistake "missing font group" ost/OptionalFont.d '[F]\n~FontGroup=FontGroup:A.pfg\n' 2 \
+  "~FontGroup: leads to FontGroup.d, which is missing"
+mistake "model's key of an older kind" ost/Model.d '[M]\nFontGroup=FontGroup:Set\n' 2 \
+  "FontGroup: nobody reads this key of Model.d"
 mistake "font provider without fonts" ost/Font.d '[F]\n~FontOptions.Providers=Card\n' 2 \
   "~FontOptions.Providers: leads to ~FontOptions.Card, which is missing"
 
@@ -256,7 +259,15 @@ check "an archive that cannot be written: message" \
 run --unused "$work/t/base" "$work/t/ost"
 check "unused keys: exit status" exits 1
 check "unused keys: one a line" grep -qx "Model: Stock.Tracking" "$work/stdout"
-check "unused keys: no used one" bash -c "! grep -qx 'Model: Resolution' '$work/stdout'"
+printf '[M]\nStock.Tracking=Left\nPorts.Bidirectional=parallel\n' >"$work/t/ost/Model.d"
+printf '[B]\nCode39=Yes\nCode39.HR=On\n' >"$work/t/ost/BarCode.d"
+run --unused "$work/t/base" "$work/t/ost"
+check "unused words: one a line" grep -qx "Model: Ports.Bidirectional=USB" "$work/stdout"
+check "unused words: no used one" bash -c "! grep -qx 'Model: Ports.Bidirectional=Parallel' '$work/stdout'"
+check "unused words: of options too" grep -qx "BarCode: HR=Off" "$work/stdout"
+check "unused words: not of unused keys" bash -c "! grep -q 'Code39.HR.Placement=\|HR.Placement=' '$work/stdout'"
+run --unused "$work/t/base" "$work/t/ost"
+check "unused keys: no used one" bash -c "! grep -qx 'Model: Stock.Tracking' '$work/stdout'"
 
 # The command line.
 

@@ -55,10 +55,10 @@ for driver in drivers:
     first = int(model["Resolution"].split(",")[0].split("x")[0])
     features = section(model["Features"])
     font = section(model["Font"])
-    groups = section(model["FontGroup"])["Fonts"].split(",")
+    groups = font["Fonts"].split(",")
     classes = {font.get("Encodings.TrueType.Class"), font.get("Encodings.TTSymbolFont.Class")}
     for group in groups:
-        values = section(group.removesuffix(".pfg"))
+        values = section(group)
         assert values["Font"]
         classes.add(values["Encoding.Class"])
     # Each class that the model's fonts ask for leads to an encoding.

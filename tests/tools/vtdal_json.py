@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Compares what vtdal prints as JSON with the driver's own numbers: vtdal_json.py caps CAPS or
-vtdal_json.py devmode DEVMODE HEX."""
+"""Compares what vtdal prints as JSON with the driver's own numbers: vtdal_json.py caps CAPS,
+vtdal_json.py encodings ENCODINGS or vtdal_json.py devmode DEVMODE HEX."""
 import json
 import struct
 import sys
@@ -110,7 +110,25 @@ def check_devmode(path, hex_path):
     equal("trailer", ("vts", "ost", 1132), (model["TrailerSignature"], model["TrailerModel"], model["TrailerSize"]))
 
 
+def check_encodings(path):
+    """What the tool's test has stored, and a desktop model."""
+    shown = read(path)
+    equal("encodings", [
+        {"name": "850", "characterSet": 0, "description": "Western (OEM)"},
+        {"name": "UTF-8", "description": "UTF-8 (Unicode)"},
+        {"name": "1250", "characterSet": 238, "description": "Central European (ANSI)"},
+    ], shown["encodings"])  # fmt: skip
+    equal("model's order", ["1252", "850", "437"], shown["modelOrder"][:3])
+    equal("a model with UTF-8", ([1], True), (shown["characterSets"], shown["unicode"]))
+    equal("codePageSelectLogic", 0, shown["codePageSelectLogic"])
+    (own,) = shown["customCharacterSets"]
+    equal("custom set", ("My Ж set", 850), (own["name"], own["sourceCodePage"]))
+    equal("its table", [0, 0x41, 0x20AC] + [0] * 253, own["table"])
+
+
 if sys.argv[1] == "caps":
     check_caps(sys.argv[2])
+elif sys.argv[1] == "encodings":
+    check_encodings(sys.argv[2])
 else:
     check_devmode(sys.argv[2], sys.argv[3])

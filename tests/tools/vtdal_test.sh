@@ -59,10 +59,10 @@ refuses() {
 
 run --help
 done_with "--help"
-for command in printers add remove caps devmode get set list; do
+for command in printers add remove caps devmode dither stretch get set list; do
   check "--help names $command" shows "  $command "
 done
-for command in printers add remove caps devmode get set list; do
+for command in printers add remove caps devmode dither stretch get set list; do
   run "$command" --help
   done_with "$command --help"
   check "$command --help shows its usage" shows "Usage: vtdal $command"
@@ -178,6 +178,123 @@ if [ -z "$runner" ]; then
   check "output that can't be written is told" says "can't write the output"
 fi
 
+# Pictures.
+
+make() { python3 "$here/vtdal_pictures.py" make "$1" "$work/$1"; }
+pixels() { python3 "$here/vtdal_pictures.py" show "$1" >"$work/stdout"; }
+# gives TEXT FILE ROW...: the picture in the file has these pixels.
+gives() {
+  local text=$1 file=$2
+  shift 2
+  check "$text leaves a picture" pixels "$file"
+  check "$text gives the right pixels" prints "$@"
+}
+result=$work/result.bmp
+for kind in four top-first eight-bit four-bit masks; do
+  make "$kind"
+  run stretch "$work/$kind" "$result" --size 2x2
+  done_with "stretch of $kind"
+  check "stretch prints nothing" prints_nothing
+  gives "stretch of $kind" "$result" "ff0000 00ff00" "0000ff ffffff"
+done
+make one-bit
+run stretch "$work/one-bit" "$result" --size=2x2
+gives "stretch of one-bit" "$result" "00ff00 ff0000" "ff0000 00ff00"
+make sixteen-bit
+run stretch "$work/sixteen-bit" "$result" --size 1x1
+gives "stretch of sixteen-bit" "$result" "1f0000"
+run stretch "$work/four" "$result" --size 3x4
+gives "stretch" "$result" "ff0000 ff0000 00ff00" "ff0000 ff0000 00ff00" "0000ff 0000ff ffffff" "0000ff 0000ff ffffff"
+run stretch "$work/four" "$result" --size 1x2 --rect 1,0,1,2 --json
+done_with "stretch --json"
+check "its output is JSON" json
+check "stretch --json tells the part" shows '"x": 1'
+gives "stretch of a part" "$result" "00ff00" "ffffff"
+run stretch "$work/top-first" "$result" --size 2x1 --rect 0,1,2,1
+gives "stretch of the lower part" "$result" "0000ff ffffff"
+make greys
+run dither "$work/greys" "$result" --method none
+done_with "dither"
+check "dither prints nothing" prints_nothing
+gives "dither without dots" "$result" "000000 ffffff ffffff"
+run dither "$work/greys" "$result" --method ordered --size 2 --mirror --invert --json
+done_with "dither --json"
+check "its output is JSON" json
+check "dither --json tells the flags" shows '"flags": 5'
+gives "dither with flags" "$result" "ffffff 000000 ffffff"
+run dither "$work/greys" "$result" --method ordered --size 2 --origin -1,0
+gives "dither with an origin" "$result" "000000 ffffff ffffff"
+run dither "$work/four" "$result" --mode palette --method none --colors 102030,Ffee00
+gives "dither with colours" "$result" "102030 ffee00" "102030 ffee00"
+run dither "$work/greys" "$result" --method ordered --size 2 --smooth
+gives "dither --smooth" "$result" "7f7f7f 7f7f7f ffffff"
+
+for option in "--method dots" "--mode cmyk" "--kernel stucki"; do
+  # shellcheck disable=SC2086 # two words
+  run dither "$work/four" "$result" $option
+  check "dither $option is wrong usage" exits 2
+  check "dither $option names the choices" grep -q "is none of ${option% *}'s: " "$work/stderr"
+done
+refuses 2 "'6' is none of --size's: 8, 4, 2" dither "$work/four" "$result" --method ordered --size 6
+refuses 2 "--size belongs to the methods ordered and halftone" dither "$work/four" "$result" --method none --size 8
+refuses 2 "'101' is no number for --red, -100 to 100" dither "$work/four" "$result" --red 101
+refuses 2 "'20' is no number for --screen, 0 to 19" dither "$work/four" "$result" --screen 20
+refuses 2 "'1' is no origin X,Y" dither "$work/four" "$result" --origin 1
+for colors in "" 12345 1234567 12345g "$(printf '000000,%.0s' {1..16})000000"; do
+  refuses 2 "'$colors' is no list of 1 to 16 colours as RRGGBB" dither "$work/four" "$result" --colors "$colors"
+done
+refuses 2 "'x.jpg' does not end with .bmp or .png" dither "$work/four" x.jpg
+refuses 2 "'.png' does not end with .bmp or .png" dither "$work/four" .png
+refuses 2 "--size is missing" stretch "$work/four" "$result"
+for size in 0x1 1x0 10923x1 1x32768 2 2x 2x2x2 -1x2; do
+  refuses 2 "'$size' is no size from 1x1 to 10922x32767" stretch "$work/four" "$result" "--size=$size"
+done
+for part in 0,0,0,1 0,0,3,1 2,0,1,1 0,2,1,1 1,1,1,2 0,0,1 -1,0,1,1; do
+  refuses 1 "'$part' is no part X,Y,WIDTH,HEIGHT of a picture of 2 x 2" \
+    stretch "$work/four" "$result" --size 1x1 "--rect=$part"
+done
+refuses 1 "can't open '$work/none.bmp'" dither "$work/none.bmp" "$result"
+refuses 1 "can't write '$work/none/x.bmp'" dither "$work/four" "$work/none/x.bmp"
+# is_refused KIND REASON: a file that is not taken for a picture.
+is_refused() {
+  make "$1"
+  refuses 1 "can't read '$work/$1': $2" dither "$work/$1" "$result"
+}
+is_refused text "it is neither BMP nor PNG"
+is_refused nothing "it is neither BMP nor PNG"
+is_refused rle "its compression 1 is not known"
+is_refused five-bit "it has 5 bits a pixel"
+is_refused cut-off "the file is cut off"
+is_refused head-only "the file is cut off"
+is_refused far-bits "the file is cut off"
+is_refused huge "its size is 2147483647 x 2147483647; 1 x 1 to 10921 x 32767 is possible"
+is_refused upside "its size is 1 x 2147483648; 1 x 1 to 10921 x 32767 is possible"
+is_refused empty "its size is 0 x 2; 1 x 1 to 10921 x 32767 is possible"
+make wide
+refuses 1 "its size is 10923 x 1; 10922 x 32767 is the largest" dither "$work/wide" "$result"
+if [ -n "$runner" ]; then
+  make png
+  refuses 1 "can't read '$work/png': a PNG can't be read on this system; use BMP" dither "$work/png" "$result"
+  refuses 1 "a PNG can't be written on this system; use BMP" dither "$work/four" "$work/result.png"
+else
+  make png
+  run stretch "$work/png" "$work/result.PNG" --size 2x2
+  done_with "stretch of a PNG"
+  gives "stretch of a PNG" "$work/result.PNG" "ff0000 00ff00" "0000ff ffffff"
+  make png-alpha
+  run stretch "$work/png-alpha" "$result" --size 2x1
+  gives "stretch of a PNG that is see-through" "$result" "ff0000 ffffff"
+  make png-bits
+  run stretch "$work/png-bits" "$result" --size 2x1
+  gives "stretch of a PNG of one bit" "$result" "000000 ffffff"
+  is_refused png-huge "the file is cut off"
+  is_refused png-wide "its size is 10922 x 1; 1 x 1 to 10921 x 32767 is possible"
+  make png-cut-off
+  run dither "$work/png-cut-off" "$result"
+  check "a PNG that is cut off is refused" exits 1
+  check "and its name told" grep -q "^vtdal: can't read '$work/png-cut-off': " "$work/stderr"
+fi
+
 # Printers.
 
 run printers
@@ -276,6 +393,391 @@ check "devmode shows the halftone block" grep -Eqx 'Signature +"MDTN"' "$work/st
 check "devmode shows the model record" grep -Eqx 'feedRate +1000' "$work/stdout"
 run devmode second --json
 check "a printer is found in any case" exits 0
+
+# Stock.
+
+run stock --help
+done_with "stock --help"
+check "stock --help shows its usage" shows "Usage: vtdal stock list"
+refuses 2 "too few arguments" stock list
+refuses 2 "too few arguments" stock show "$name"
+refuses 2 "too few arguments" stock add "$name" Shelf
+refuses 2 "unexpected argument 'x'" stock remove "$name" Shelf x
+refuses 2 "unknown action 'paint'" stock paint "$name"
+refuses 2 "add prints nothing, so it takes no --json" stock add "$name" Shelf 50x25mm --json
+refuses 2 "--left goes with add only" stock list "$name" --left 1mm
+refuses 1 "no printer named 'Nobody'" stock list Nobody
+run stock list "$name"
+done_with "stock list"
+check "a new printer has the user form" prints \
+  "Stock  Number  Size               Kind" \
+  "USER   256     104.14 x 152.4 mm  user form"
+run stock add "$name" Shelf 100mm x 50mm
+done_with "stock add"
+check "stock add prints nothing" prints_nothing
+run stock add "$name" "Ж 日本" "4x6 in" --left 2mm --right=0mm --top "1.5 mm" --bottom 10mils
+done_with "stock add with margins"
+run stock list "$name"
+check "stock list shows what was added" prints \
+  "Stock  Number  Size               Kind" \
+  "USER   256     104.14 x 152.4 mm  user form" \
+  "Ж 日本   257     101.6 x 152.4 mm   removable" \
+  "Shelf  258     100 x 50 mm        removable"
+run get "LOCAL:Paper Sizes/Form 02:: Data"
+check "it is stored as seven numbers" prints \
+  "b4 7c 01 00 50 c3 00 00 f6 04 00 00 f6 04 00 00 00 00 00 00 00 00 00 00 04 00 00 00"
+run caps second --json
+check "programs see it" shows '"Shelf"'
+run stock show "$name" "Ж 日本"
+done_with "stock show"
+check "stock show shows margins" prints \
+  "Name           Ж 日本" \
+  "Number         257" \
+  "Size           101.6 x 152.4 mm" \
+  "Printable      99.6 x 150.646 mm" \
+  "Left margin    2 mm" \
+  "Right margin   0 mm" \
+  "Top margin     1.5 mm" \
+  "Bottom margin  0.254 mm" \
+  "Kind           removable"
+run stock show "$name" Shelf --json
+done_with "stock show --json"
+check "its output is JSON" json
+check "its lengths are millimetres" shows '"leftMarginMm": 1.27,'
+run stock list "$name" --json
+done_with "stock list --json"
+check "its output is JSON" json
+check "stock list --json has every stock" test "$(grep -c '"name"' "$work/stdout")" = 3
+for size in 5 5x "5 x 5" "100mm x -5mm" x "5mm x 5 feet" "1.mm x 5 mm" "12345678mm x 5mm"; do
+  refuses 2 "'$size' is no size, as \"100mm x 50mm\"" stock add "$name" New "$size"
+done
+refuses 2 "'2' is no length, as \"2mm\"" stock add "$name" New 50x25mm --top 2
+range="is out of the printer's range, 19.05 x 6.35 mm to 118.11 x 990.6 mm"
+refuses 1 "1000 x 25 mm $range" stock add "$name" New 1000mm x 25mm
+refuses 1 "50 x 1 mm $range" stock add "$name" New 50mm x 1mm
+refuses 1 "the margins leave nothing to print on" stock add "$name" New 50x25mm --top 25mm
+refuses 1 "a stock needs a name" stock add "$name" "" 50x25mm
+refuses 1 "the name has 65 characters; 64 are allowed" \
+  stock add "$name" "$(printf '%065d' 0)" 50x25mm
+refuses 1 "'user defined' is the user form's name" stock add "$name" "user defined" 50x25mm
+refuses 1 "there is a stock named 'Shelf' already" stock add "$name" Shelf 50x25mm
+refuses 1 "the stock 'USER' can't be removed" stock remove "$name" USER
+refuses 1 "no stock named 'shelf'" stock remove "$name" shelf
+refuses 1 "no stock named 'New'" stock show "$name" New
+run stock remove "$name" "Ж 日本"
+done_with "stock remove"
+check "stock remove prints nothing" prints_nothing
+run stock remove "$name" Shelf
+run stock list "$name"
+check "what was removed is gone" test "$(wc -l <"$work/stdout")" = 2
+
+# Presets.
+
+run presets --help
+done_with "presets --help"
+check "presets --help shows its usage" shows "Usage: vtdal presets list"
+refuses 2 "too few arguments" presets list
+refuses 2 "unknown action 'show'" presets show "$name"
+refuses 1 "no printer named 'Nobody'" presets list Nobody
+run presets list "$name"
+done_with "presets list"
+check "a printer without presets lists nothing" prints_nothing
+block=$(cut -d'|' -f1 "$work/hex" | cut -c10- | tr -d ' \n')
+preset() { # NUMBER NAME DESCRIPTION BLOCK
+  run set "Presets:Preset 0$1:: Name" "$2" --printer "$name"
+  run set "Presets:Preset 0$1:: Description" "$3" --printer "$name"
+  run set "Presets:Preset 0$1:: DEVMODE" "$4" --type hex --printer "$name"
+  run set "Presets:Total" "$1" --type dword --printer "$name"
+}
+preset 1 "Ж wide" "for shelves" "${block:0:152}0200${block:156}"
+preset 2 "As it is" "" "$block"
+run presets list "$name"
+done_with "presets list"
+check "presets list shows the presets and which is in force" prints \
+  "   Preset    Size              Resolution     Orientation  Description" \
+  "*  As it is  104.1 x 152.4 mm  203 x 203 dpi  portrait" \
+  "   Ж wide    104.1 x 152.4 mm  203 x 203 dpi  landscape    for shelves"
+run presets list "$name" --json
+done_with "presets list --json"
+check "its output is JSON" json
+check "it says which is in force" test "$(grep -c '"isDefault": true' "$work/stdout")" = 1
+run set "Presets:Total" 0 --type dword --printer "$name"
+
+# Encodings.
+
+run encodings --help
+done_with "encodings --help"
+check "encodings --help shows its usage" shows "Usage: vtdal encodings"
+refuses 2 "too few arguments" encodings
+refuses 1 "no printer named 'Nobody'" encodings Nobody
+run encodings "$name"
+done_with "encodings"
+check "encodings names the system's page first" \
+  grep -Eqx '1252 +0 +Western \(ANSI\)' <(sed -n 2p "$work/stdout")
+check "encodings shows one without a character set" \
+  grep -Eqx 'Ostrel-Symbols +- +Western;Ostrel Symbols' "$work/stdout"
+sets="DATA:Custom Character Sets/My Ж set"
+run set "$sets/Name" "My Ж set" --printer "$name"
+run set "$sets/Source Code Page" 850 --type dword --printer "$name"
+run set "$sets/Encoding Table" "00 00 41 00 ac 20" --type hex --printer "$name"
+run set "Settings:Fonts/Encoding" 850 UTF-8 1250 --type multi --printer "$name"
+run encodings "$name"
+check "encodings shows the user's order and sets" prints \
+  "Encoding  Set  Description" \
+  "850       0    Western (OEM)" \
+  "UTF-8     -    UTF-8 (Unicode)" \
+  "1250      238  Central European (ANSI)" \
+  "" \
+  "Character set  Page  Codes" \
+  "My Ж set       850   2"
+run encodings "$name" --json
+done_with "encodings --json"
+cp "$work/stdout" "$work/encodings"
+check "its values are the store's and the model's" \
+  python3 "$here/vtdal_json.py" encodings "$work/encodings"
+run set "Settings:Fonts/Encoding" --type multi --printer "$name"
+
+# Fonts.
+
+run fonts --help
+done_with "fonts --help"
+check "fonts --help shows its usage" shows "Usage: vtdal fonts"
+refuses 2 "unknown action 'show'" fonts show "$name"
+refuses 2 "too few arguments" fonts list
+refuses 2 "too few arguments" fonts export "$name"
+refuses 2 "unexpected argument 'x'" fonts list "$name" x
+refuses 2 "export prints nothing, so it takes no --json" fonts export "$name" x --json
+refuses 1 "no printer named 'Nobody'" fonts list Nobody
+refuses 1 "can't read '$work/no fonts'" fonts import "$name" "$work/no fonts"
+refuses 1 "can't write '$work/no folder/x'" fonts export "$name" "$work/no folder/x"
+run fonts list "$name"
+done_with "fonts list"
+check "fonts list shows the resident fonts" \
+  grep -Eqx 'resident +Sans Bold +group Scalable, encodingClass Scalable' "$work/stdout"
+printf "<driver version='6.6'>\r\n\r\n%s" "<font type='Bar Code'>
+Name=Ж code
+</font>
+<font type='Alias'>
+AliasName=Plain
+PrinterFont=Sans
+HorizontalRatio=87.5%
+</font>
+<font type='Substitution' model='Nobody'>
+FontName=Arial
+FullName=Arial
+PrinterFont=Sans
+</font>
+<font type='Optional'>
+FontName=Serif
+FontGroup=FontGroup:Card.pfg
+Provider=Ostrel Font Card
+Location=E
+</font>
+<font type='Downloaded'>
+FontName=Verdana
+FullName=Verdana Bold
+Type=TrueType
+</font>
+" >"$work/fonts.sds"
+run fonts import "$name" "$work/fonts.sds"
+done_with "fonts import"
+check "fonts import counts what it took in" prints \
+  "1 bar codes" "1 aliases" "1 downloaded fonts" "1 optional fonts"
+run fonts list "$name"
+check "fonts list shows an alias" \
+  grep -Eqx 'alias +Plain +printerFont Sans, horizontalRatio 87.5%, verticalRatio 100%, nominalWidth 100%' "$work/stdout"
+check "fonts list shows a bar code" grep -Eqx 'barcode +Ж code +symbology Code39, .*resolution 203' "$work/stdout"
+check "an optional font brings its group" grep -Eqx 'resident +Serif Bold +group Card, .*' "$work/stdout"
+run fonts list "$name" --json
+done_with "fonts list --json"
+check "its output is JSON" json
+run fonts export "$name" "$work/export.sds"
+done_with "fonts export"
+check "fonts export prints nothing" prints_nothing
+check "the export has a record for each font" test "$(grep -c "^<font type='" "$work/export.sds")" = 4
+run fonts import second "$work/export.sds" --json
+done_with "fonts import --json"
+check "fonts import --json counts every kind" prints "{" '  "barCodes": 1,' '  "rfid": 0,' \
+  '  "aliases": 1,' '  "substitutions": 0,' '  "downloaded": 1,' '  "optional": 1' "}"
+run fonts export second "$work/second.sds"
+check "what was exported is imported whole" diff "$work/export.sds" "$work/second.sds"
+printf 'SBF1\377\377\377\377' >"$work/fonts.sbf"
+run fonts import "$name" "$work/fonts.sbf" --json
+check "a damaged binary file holds no bar codes" prints "{" '  "barCodes": 0' "}"
+
+# Driver options.
+
+run options --help
+done_with "options --help"
+check "options --help shows its usage" shows "Usage: vtdal options"
+refuses 2 "too few arguments" options list
+refuses 2 "too few arguments" options get "$name"
+refuses 2 "too few arguments" options set "$name" "Logging/Logging"
+refuses 2 "unexpected argument 'x'" options list "$name" x
+refuses 2 "unknown action 'show'" options show "$name"
+refuses 2 "no driver option named 'Logging'" options get "$name" Logging
+refuses 2 "set prints nothing, so it takes no --json" options set "$name" Logging/Logging on --json
+refuses 1 "no printer named 'Nobody'" options list Nobody
+run options list "$name"
+done_with "options list"
+check "options list has a row for every option" test "$(wc -l <"$work/stdout")" = 26
+check "options list shows defaults" grep -Eqx 'Status/Write Timeout +30000 +30000' "$work/stdout"
+# sets OPTION VALUE SHOWN STORED: this option, set so, is shown and stored so.
+sets() {
+  run options set "$name" "$1" "$2"
+  done_with "options set $1 $2"
+  check "options set prints nothing" prints_nothing
+  run options get "$name" "$1"
+  check "'$1' reads as it was set" prints "$3"
+  run get "SETTINGS:$1" --printer "$name"
+  check "'$1' is stored in its form" prints "$4"
+}
+sets "Logging/Logging" on on 01
+sets "logging/logging" No off 00
+sets "Status/Query Interval" 5000 5000 "88 13 00 00"
+sets "Specifications/Tracking" -1 -1 "ff ff ff ff"
+sets "Function Character" "§" "§" "§"
+sets "Logging/Directory" "C:\\Ж" "C:\\Ж" "C:\\Ж"
+refuses 2 "'maybe' is neither on nor off" options set "$name" Logging/Logging maybe
+refuses 2 "'1x' is no number" options set "$name" "Status/Query Interval" 1x
+refuses 2 "the number '2147483647' is too large" options set "$name" "Status/Query Interval" 2147483647
+refuses 2 "'ab' is not one character" options set "$name" "Function Character" ab
+run options get "$name" "status/query interval" --json
+done_with "options get --json"
+check "options get --json gives a number" prints "{" '  "Status/Query Interval": 5000' "}"
+run options list "$name" --json
+done_with "options list --json"
+check "its output is JSON" json
+check "options list --json gives flags and texts" shows '"Data Fonts/Office Compatibility": true'
+run options set "$name" "Disable Copies Limit" on
+run caps "$name" --json
+check "an option that the model's figures depend on counts at once" shows '"result": 32767'
+run options set "$name" "Disable Copies Limit" off
+
+# Network settings.
+
+run network --help
+done_with "network --help"
+check "network --help shows its usage" shows "Usage: vtdal network"
+refuses 2 "too few arguments" network get
+refuses 2 "too few arguments" network set "$name" port
+refuses 2 "unexpected argument 'x'" network get "$name" port x
+refuses 2 "unknown action 'show'" network show "$name"
+refuses 2 "no setting 'ports'" network get "$name" ports
+refuses 2 "set prints nothing, so it takes no --json" network set "$name" port 1 --json
+refuses 1 "no printer named 'Nobody'" network get Nobody
+run network get "$name"
+done_with "network get"
+check "network get has a row for every setting" test "$(wc -l <"$work/stdout")" = 8
+run network get "$name" --json
+check "network get --json gives all defaults" prints "{" '  "communication": true,' '  "tcp": true,' \
+  '  "port": 6160,' '  "timeout": 1000,' '  "retries": 2,' '  "address-override": false,' \
+  '  "address": ""' "}"
+# stores_network SETTING VALUE SHOWN KEY STORED: this setting, set so, is shown and stored so.
+stores_network() {
+  run network set "$name" "$1" "$2" --module /nowhere/module
+  check "network set $1 $2 succeeds" exits 0
+  check "network set prints nothing" prints_nothing
+  run network get "$name" "$1"
+  check "'$1' reads as it was set" prints "$3"
+  run get "NETWORK:$4" --printer "$name"
+  check "'$1' is stored in its form" prints "$5"
+}
+stores_network communication off off "Network Communication" 00
+stores_network tcp No off "TCP Enabled" 00
+stores_network PORT 0x1811 6161 "TCP Port" "11 18 00 00"
+stores_network timeout 2500 2500 "Connection Timeout" "c4 09 00 00"
+stores_network retries 0 0 "Connection Retries" "00 00 00 00"
+stores_network address-override on on "Server Address Override" 01
+stores_network address "bür.o" "bür.o" "Server Address" "bür.o"
+run network set "$name" communication off --module /nowhere/module
+check "network set tells that nobody restarts the network" \
+  says "the port monitor can't be reached; it takes the setting when it starts next"
+run network set "$name" timeout 2500 --module /nowhere/module
+done_with "network set of what restarts nothing"
+refuses 2 "'65536' is not from 1 to 65535" network set "$name" port 65536
+refuses 2 "'-1' is not from 0 to 2000000000" network set "$name" retries -1
+refuses 2 "'maybe' is neither on nor off" network set "$name" tcp maybe
+
+# Talking to the printer.
+
+for command in send command query status; do
+  run "$command" --help
+  done_with "$command --help"
+  check "$command --help shows its usage" shows "Usage: vtdal $command"
+done
+refuses 2 "too few arguments" send "$name"
+refuses 2 "no command 'jump'" command "$name" jump
+refuses 2 "'a\"b' is no variable's name" query "$name" 'a"b'
+refuses 1 "no printer named 'Nobody'" status Nobody
+refuses 1 "can't read '$work/none'" send "$name" "$work/none"
+rm -f "$work/labels.prn"
+printf '! 0 200 200 10 1\r\nPRINT\r\n' >"$work/label.prn"
+run send "$name" "$work/label.prn"
+done_with "send"
+check "send passes the file on as it is" cmp "$work/label.prn" "$work/labels.prn"
+run command "$name" cut
+done_with "command cut"
+printf '! 0 0 0 0 1\r\nCUT\r\nPRINT\r\n' >>"$work/label.prn"
+check "command sends its lines" cmp "$work/label.prn" "$work/labels.prn"
+head -c 3000000 /dev/zero >"$work/long.prn"
+run send "$name" "$work/long.prn"
+check "send of a long file succeeds" exits 0
+check "send of a long file tells how far it is" says "60 % sent"
+check "send of a long file tells its end" says "100 % sent"
+rm -f "$work/labels.prn" "$work/long.prn"
+refuses 1 "the printer '$name' has no variables" query "$name" appl.version
+run command "$name" reset
+check "a command that the model lacks fails" says "the printer '$name' doesn't know this command"
+refuses 1 "the status of '$name' is unknown" status "$name" --module /nowhere/module
+
+monitor=$(dirname "$vtdal")/../../companions/netmon/real/vtnetmon.d64
+mkdir "$work/driver"
+cp "$monitor" "$work/driver/"
+python3 - "$work/port" "$work/received" <<'PRINTER' &
+import os, socket, sys
+
+listener = socket.socket()
+listener.bind(("127.0.0.1", 0))
+listener.listen(5)
+with open(sys.argv[1] + ".new", "w") as port:
+    port.write(str(listener.getsockname()[1]))
+os.rename(sys.argv[1] + ".new", sys.argv[1])
+while True:
+    connection, _ = listener.accept()
+    data = b""
+    while piece := connection.recv(4096):
+        data += piece
+        if data.endswith(b'! U1 getvar "appl.version"\r\n'):
+            connection.sendall(b'"2.5"')
+        if data.endswith(b"\x1bh\x1bi"):
+            connection.sendall(b"\x02\x00")
+    with open(sys.argv[2], "ab") as received:
+        received.write(data)
+    connection.close()
+PRINTER
+printer=$!
+for _ in $(seq 100); do [ -s "$work/port" ] || sleep 0.1; done
+run add Asked --driver "Ostrel M4 Mobile" --port "socket://127.0.0.1:$(cat "$work/port")" --module "$module"
+done_with "add of a socket's printer"
+export OSTVT_MODULE_DIR=$work/driver
+run query Asked appl.version --module "$work/driver/module"
+done_with "query"
+check "query prints the variable" prints "2.5"
+run status Asked --module "$work/driver/module"
+done_with "status"
+check "status tells the condition" shows "65537"
+check "status shows the answer" shows "02 00"
+refuses 1 "the printer 'Asked' doesn't answer" query Asked appl.name --module "$work/driver/module"
+check "no brackets reach the printer" bash -c "! grep -q xpml '$work/received'"
+kill "$printer"
+wait "$printer" 2>/dev/null
+refuses 1 "can't reach the printer 'Asked'" command Asked cut
+refuses 1 "the status of 'Asked' is unknown" status Asked --module "$work/driver/module"
+unset OSTVT_MODULE_DIR
+refuses 1 "can't ask the printer 'Asked': there is no port monitor" query Asked appl.version --module /nowhere/module
+run remove Asked
+done_with "remove of a socket's printer"
 
 # Which module is asked.
 

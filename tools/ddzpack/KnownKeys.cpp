@@ -53,7 +53,6 @@ constexpr KnownKey kModel[] = {
     {"Drawing", kLink, "Drawing"},
     {"Features", kLink, "Features"},
     {"Font", kLink, "Font"},
-    {"FontGroup", kLink, "FontGroup"},
     {"Method", kLink, "Method"},
     {"RFID", kLink, "RFID"},
     {"~CustomData", kLink, "CustomData"},
@@ -145,6 +144,7 @@ constexpr KnownKey kFont[] = {
     {"Download.TrueType.SymbolFont", kBool},
     {"Download.Bitmap", kBool},
     {"Download.Bitmap.Orientation", kList, "0 90"},
+    {"Fonts", kGroupLinks},
     {"Encodings", kLink, "Encodings"},
     {"Encodings.TrueType.Class", kText},
     {"Encodings.TTSymbolFont.Class", kText},
@@ -162,7 +162,6 @@ constexpr KnownKey kEncodings[] = {
 };
 
 constexpr KnownKey kFontGroup[] = {
-    {"Fonts", kGroupLinks},
     {"Font", kNames},
     {"Bitmap.ScaleToResolution", kBool},
     {"Encoding.Class", kText},
@@ -221,7 +220,7 @@ constexpr PrefixedKey kBarCodeOptions[] = {
     {{"GuardBar.Variable", kBool}, Rows(7, 8, 9, 10)},
     {{"GuardBar.WithoutHR", kBool}, Rows(7, 8, 9, 10)},
     {{"SplitDigit", kExactList, "Full Small None"}, Rows(7, 8, 9, 10)},
-    {{"Attached", kExactList, "1 2 3 4 5"}, Rows(11, 12)},
+    {{"Attached", kExactList, "1 2 3 4 5"}, Rows(0, 1, 7, 8, 9, 10, 11, 12)},
     {{"Truncated", kBool}, Rows(15)},
     {{"CorrectionLevel", kExactList, "Auto"}, Rows(15)},
     {{"Columns", kExactList, "Auto"}, Rows(15)},

@@ -93,9 +93,7 @@ class Checker {
     } else if (key->Kind == ValueKind::kLink) {
       CheckLink(entry, key->Words, value.substr(value.find(':') + 1));
     } else if (key->Kind == ValueKind::kGroupLinks) {
-      for (const std::string& name : SplitAt(value, ',')) {
-        CheckLink(entry, "FontGroup", GroupName(name));
-      }
+      for (const std::string& name : SplitAt(value, ',')) CheckGroup(entry, GroupName(name));
     } else if (key->Kind == ValueKind::kProviders) {
       for (const std::string& name : SplitAt(value, ',')) {
         const std::string link = "~FontOptions." + name;
@@ -114,6 +112,13 @@ class Checker {
     }
   }
 
+  // A group's section may have the suffix or not.
+  void CheckGroup(const DefinitionEntry& entry, const std::string& group) {
+    const auto target = All.find("FontGroup");
+    const bool isSuffixed = target != All.end() && target->second.HasSection(group + ".pfg");
+    CheckLink(entry, "FontGroup", isSuffixed ? group + ".pfg" : group);
+  }
+
   const Definitions& All;
   const Definition& File;
   const KnownFile& Known;
@@ -127,6 +132,41 @@ bool EndsInOption(const std::set<std::string>& used, const std::string& option) 
     return key == option || key.ends_with("." + option);
   });
 }
+
+// The words in the lists that the files give each key, in lower case unless case counts.
+class UsedWords {
+ public:
+  explicit UsedWords(const KnownFile& file) : File(file) {}
+  void Add(const DefinitionEntry& entry) {
+    const KnownKey* key = FindKnownKey(File, WithoutMakerCode(entry.Key));
+    if (!key || !TakesWords(*key)) return;
+    for (const std::string& word : SplitAt(entry.Value, ',')) Words[key].insert(Fold(*key, word));
+  }
+  // Those that a key which is used never takes.
+  std::vector<std::string> FindUnused(const KnownKey& key) const {
+    std::vector<std::string> unused;
+    const auto used = Words.find(&key);
+    if (used == Words.end()) return unused;
+    for (const std::string& word : SplitAt(key.Words, ' ')) {
+      if (!used->second.contains(Fold(key, word))) unused.push_back(word);
+    }
+    return unused;
+  }
+
+ private:
+  static bool TakesWords(const KnownKey& key) {
+    return key.Kind == ValueKind::kList || key.Kind == ValueKind::kExactList;
+  }
+  static std::string Fold(const KnownKey& key, const std::string& word) {
+    if (key.Kind == ValueKind::kExactList) return word;
+    ostvt::OString folded(word.c_str());
+    folded.MakeLower();
+    return folded.GetNarrow();
+  }
+
+  const KnownFile& File;
+  std::map<const KnownKey*, std::set<std::string>> Words;
+};
 
 bool Matches(const std::set<std::string>& used, const KnownFile& file, const KnownKey& known) {
   return std::any_of(used.begin(), used.end(),
@@ -155,10 +195,12 @@ std::vector<std::string> FindUnusedKeys(const std::vector<SourceFile>& files) {
   std::vector<std::string> unused;
   for (const KnownFile& file : KnownFiles()) {
     std::set<std::string> used;
+    UsedWords words(file);
     if (const auto found = definitions.find(file.Name); found != definitions.end()) {
       for (const DefinitionSection& section : found->second.Sections) {
         for (const DefinitionEntry& entry : section.Entries) {
           used.emplace(WithoutMakerCode(entry.Key));
+          words.Add(entry);
         }
       }
     }
@@ -166,9 +208,16 @@ std::vector<std::string> FindUnusedKeys(const std::vector<SourceFile>& files) {
       const std::string text = std::string(file.Name) + ": " + key;
       if (!isUsed && (unused.empty() || unused.back() != text)) unused.push_back(text);
     };
-    for (const KnownKey& known : file.Keys) require(Matches(used, file, known), known.Name);
+    const auto requireWords = [&](const KnownKey& key) {
+      for (const std::string& word : words.FindUnused(key)) require(false, key.Name + ("=" + word));
+    };
+    for (const KnownKey& known : file.Keys) {
+      require(Matches(used, file, known), known.Name);
+      requireWords(known);
+    }
     for (const char* prefix : file.Prefixes) require(used.contains(prefix), prefix);
     for (const PrefixedKey& option : file.Options) {
+      requireWords(option.Key);
       if (option.Prefixes == kAllPrefixes) {
         require(EndsInOption(used, option.Key.Name), option.Key.Name);
         continue;

@@ -54,6 +54,11 @@ void JsonWriter::Number(int64_t value) {
   Document += std::to_string(value);
 }
 
+void JsonWriter::Boolean(bool value) {
+  BeforeValue();
+  Document += value ? "true" : "false";
+}
+
 void JsonWriter::Decimal(int64_t value, int decimals) {
   BeforeValue();
   Document += DecimalText(value, decimals);

@@ -16,6 +16,7 @@ class JsonWriter {
   void EndArray();
   void Key(std::string_view key);
   void Number(int64_t value);
+  void Boolean(bool value);
   // `value` / 10 ^ `decimals`, exactly.
   void Decimal(int64_t value, int decimals);
   void String(std::string_view utf8);

@@ -64,23 +64,6 @@ void Append(const void* bytes, size_t size, StoredValue* value) {
   value->Bytes.insert(value->Bytes.end(), first, first + size);
 }
 
-// Decimal or hexadecimal, with an optional sign; false when it isn't one, or out of the range.
-bool ParseNumber(const std::u16string& word, int64_t least, int64_t most, int64_t* number) {
-  std::string text = ToUtf8(word);
-  bool isNegative = !text.empty() && text[0] == '-';
-  if (isNegative) text.erase(0, 1);
-  bool isHex = text.compare(0, 2, "0x") == 0 || text.compare(0, 2, "0X") == 0;
-  const char* allowed = isHex ? "0123456789abcdefABCDEF" : "0123456789";
-  std::string digits = isHex ? text.substr(2) : text;
-  constexpr size_t kMostDigits = 15;
-  if (digits.empty() || digits.size() > kMostDigits ||
-      digits.find_first_not_of(allowed) != std::string::npos)
-    return false;
-  *number = std::stoll(digits, nullptr, isHex ? 16 : 10);
-  if (isNegative) *number = -*number;
-  return *number >= least && *number <= most;
-}
-
 bool ParseHex(const std::u16string& word, std::vector<uint8_t>* bytes) {
   std::string digits;
   for (char c : ToUtf8(word)) {
@@ -117,6 +100,22 @@ bool MakeNumber(const std::u16string& word, ValueType type, StoredValue* value,
 }
 
 }  // namespace
+
+bool ParseNumber(const std::u16string& word, int64_t least, int64_t most, int64_t* number) {
+  std::string text = ToUtf8(word);
+  bool isNegative = !text.empty() && text[0] == '-';
+  if (isNegative) text.erase(0, 1);
+  bool isHex = text.compare(0, 2, "0x") == 0 || text.compare(0, 2, "0X") == 0;
+  const char* allowed = isHex ? "0123456789abcdefABCDEF" : "0123456789";
+  std::string digits = isHex ? text.substr(2) : text;
+  constexpr size_t kMostDigits = 15;
+  if (digits.empty() || digits.size() > kMostDigits ||
+      digits.find_first_not_of(allowed) != std::string::npos)
+    return false;
+  *number = std::stoll(digits, nullptr, isHex ? 16 : 10);
+  if (isNegative) *number = -*number;
+  return *number >= least && *number <= most;
+}
 
 bool ParseType(const std::string& name, ValueType* type) {
   for (const NamedType& named : kTypes) {
@@ -237,6 +236,34 @@ std::string PathElement(const char16_t* name) {
     text += byte < 0x20 || byte == 0x7F ? Format("%%%02X", byte) : std::string(1, c);
   }
   return text;
+}
+
+bool ParseFlag(const std::u16string& word, int32_t* value, std::string* error) {
+  const ostvt::OString text(word.c_str());
+  for (const char* on : {"on", "true", "yes", "1"}) {
+    if (text.CompareNoCase(on) == 0) {
+      *value = 1;
+      return true;
+    }
+  }
+  *value = 0;
+  for (const char* off : {"off", "false", "no", "0"}) {
+    if (text.CompareNoCase(off) == 0) return true;
+  }
+  *error = "'" + Printable(word) + "' is neither on nor off";
+  return false;
+}
+
+bool ParseInteger(const std::u16string& word, int32_t* value, std::string* error) {
+  StoredValue stored;
+  if (!MakeValue({word}, ValueType::kInt, &stored, error)) {
+    *error = "'" + Printable(word) + "' is no number";
+    return false;
+  }
+  memcpy(value, stored.Bytes.data(), sizeof(*value));
+  if (*value >= -ostvt::kNumberLimit && *value <= ostvt::kNumberLimit) return true;
+  *error = "the number '" + Printable(word) + "' is too large";
+  return false;
 }
 
 }  // namespace vtdal

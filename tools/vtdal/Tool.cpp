@@ -20,6 +20,18 @@ constexpr const char* kHelp =
     "  remove NAME        remove a printer\n"
     "  caps NAME          show a printer's capabilities\n"
     "  devmode NAME       show a printer's default device mode\n"
+    "  stock ... NAME     list, show, add and remove a printer's label sizes\n"
+    "  presets list NAME  list a printer's presets\n"
+    "  options ... NAME   list, get and set a printer's driver options\n"
+    "  network ... NAME   get and set how the port monitor talks to other machines\n"
+    "  send NAME FILE     send a file to a printer as it is\n"
+    "  command NAME ...   make a printer restart, cut or print about itself\n"
+    "  query NAME VAR     ask a printer for a variable\n"
+    "  status NAME        ask a printer how it stands\n"
+    "  encodings NAME     show the encodings of a printer's fonts\n"
+    "  fonts ... NAME     list, export and import a printer's fonts\n"
+    "  dither IN OUT      turn a picture into printable dots\n"
+    "  stretch IN OUT     resample a picture to another size\n"
     "  get PATH           print a value of the store\n"
     "  set PATH VALUE...  write a value of the store\n"
     "  list PATH          list the keys and values below a key of the store\n"
@@ -78,7 +90,10 @@ int RunTool(const std::vector<std::u16string>& words) {
     return Finish(kDone);
   }
   for (const auto& group :
-       {PrinterCommands(), CapabilityCommands(), DevModeCommands(), StoreCommands()}) {
+       {PrinterCommands(), CapabilityCommands(), DevModeCommands(), StockCommands(),
+        PresetsCommands(), OptionsCommands(), EncodingsCommands(), FontsCommands(),
+        NetworkCommands(), SendCommands(), DeviceCommands(), QueryCommands(), StatusCommands(),
+        DitherCommands(), StretchCommands(), StoreCommands()}) {
     for (const Command& command : group) {
       if (name == command.Name)
         return Finish(RunCommand(command, {words.begin() + 1, words.end()}));

@@ -68,6 +68,7 @@ BarCode.DrawUnsupported.1D=Graphic
 BarCode.DrawUnsupported.2D=Graphic
 Text.Anchor=Top/Left
 Text.Anchor.Relative=No
+Text.Rotation=None
 Text.Scaling=None
 Text.Vertical=No
 Text.WhiteOnBlack.Background=No

@@ -4,6 +4,7 @@
 !                             19 characters, the maker's prefix comes in front), size in points, weight
 ! Download.TrueType           fonts can be sent as TrueType; .SymbolFont: those of symbols too
 ! Download.Bitmap             fonts can be sent as bitmaps; .Orientation: 0, 90 degrees
+! Fonts                       the groups of resident fonts, sections of FontGroup.d
 ! Encodings                   the section of Encodings.d
 ! Encodings.TrueType.Class, .TTSymbolFont.Class
 !                             encoding classes of downloaded fonts
@@ -26,8 +27,11 @@ Encodings.Preferred.1251=1251,866
 Encodings.Preferred.1252=1252,850,437
 Encodings.Preferred.932=932,UTF-8
 Encodings.Preferred.Default=ANSI
+~FontOptions.Ostrel Font Card=FontOptions:Ostrel Font Card
+~FontOptions.East Asian Font Pack=FontOptions:East Asian Font Pack
 
 [Mobile]
+Fonts=FontGroup:Bitmap.pfg,FontGroup:Symbols.pfg
 DefaultFont.Text.Name=Bitmap 12
 DefaultFont.Text.Size=12
 DefaultFont.BarCode.Name=Bitmap 8
@@ -38,6 +42,7 @@ Encodings.Preferred.Default=850;437
 ~FontOptions.Custom=No
 
 [Desktop]
+Fonts=FontGroup:Scalable.pfg,FontGroup:Bitmap.pfg,FontGroup:Symbols.pfg
 Download.TrueType=Yes
 Download.TrueType.SymbolFont=Yes
 Download.Bitmap=Yes
@@ -47,9 +52,21 @@ Encodings.TTSymbolFont.Class=Symbol
 ~FontOptions.Custom=Yes
 ~FontOptions.Predefined=Yes
 ~FontOptions.Providers=Ostrel Font Card,East Asian Font Pack
-~FontOptions.Ostrel Font Card=FontOptions:Ostrel Font Card
-~FontOptions.East Asian Font Pack=FontOptions:East Asian Font Pack
+
+! The bitmap fonts were drawn for 203 dots per inch and have a finer set of their own here.
+[Desktop 300]
+Fonts=FontGroup:Scalable.pfg,FontGroup:Bitmap 300.pfg,FontGroup:Symbols.pfg
+Download.TrueType=Yes
+Download.TrueType.SymbolFont=Yes
+Download.Bitmap=Yes
+Download.Bitmap.Orientation=0
+Encodings.TrueType.Class=TrueType
+Encodings.TTSymbolFont.Class=Symbol
+~FontOptions.Custom=Yes
+~FontOptions.Predefined=Yes
+~FontOptions.Providers=Ostrel Font Card,East Asian Font Pack
 
 [Colour]
+Fonts=FontGroup:Scalable.pfg
 DefaultFont.Text.Weight=700
 Encodings.TrueType.Class=TrueType

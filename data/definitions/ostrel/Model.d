@@ -33,7 +33,6 @@ BarCode=BarCode:Desktop
 Drawing=Drawing:Desktop
 Features=Features:Desktop
 Font=Font:Desktop
-FontGroup=FontGroup:Desktop Set
 Method=Method:Desktop
 ~CustomData=CustomData:Ostrel
 
@@ -55,7 +54,6 @@ BarCode=BarCode:Mobile
 Drawing=Drawing:Mobile
 Features=Features:Mobile
 Font=Font:Mobile
-FontGroup=FontGroup:Mobile Set
 Method=Method:Mobile
 
 ! Route accounting and warehouse: 832 dots, 104 mm, with clock and radio.
@@ -72,7 +70,6 @@ BarCode=BarCode:Mobile
 Drawing=Drawing:Mobile
 Features=Features:Mobile U1
 Font=Font:Mobile
-FontGroup=FontGroup:Mobile Set
 Method=Method:Mobile
 
 ! Keldrum's housing guides a narrower web.
@@ -83,7 +80,7 @@ Stock.Maximum.X(KD)=4.5 in
 Stock.Printable.X=4.16 in
 Resolution=300,300x150
 Drawing=Drawing:Desktop 300
-FontGroup=FontGroup:Desktop 300 Set
+Font=Font:Desktop 300
 
 ! UHF reader between web and head; the label must cover the antenna.
 [R4]
@@ -113,12 +110,11 @@ Resolution=600,600x300,300,1200x600
 Color=Yes
 Color.Spot=2,3,4
 Color.Process=CMY,CMYK
-Color.Spectrum=24,32
+Color.Spectrum=16,24,32
 Color.DefaultState=Color
 Ports.Bidirectional=USB
 BarCode=BarCode:Colour
 Drawing=Drawing:Colour
 Features=Features:Network
 Font=Font:Colour
-FontGroup=FontGroup:Colour Set
 Method=Method:Colour

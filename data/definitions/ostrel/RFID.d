@@ -12,7 +12,7 @@
 
 [UHF]
 EPCGen2=Yes
-EPCGen2.Types=Class1,Class2
+EPCGen2.Types=Class1,Class2,Class3
 EPCGen2.Segments=EPC,TID,User,Reserved
 EPCGen2.Segments.Default=EPC
 EPCGen2.StartBlock=Yes

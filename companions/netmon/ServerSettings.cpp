@@ -1,0 +1,70 @@
+#include "companions/netmon/ServerSettings.h"
+
+#include "companions/netmon/ServerRegistry.h"
+#include "companions/netmon/Text.h"
+#include "core/Buffer.h"
+#include "core/OStringArray.h"
+#include "store/SharedBranches.h"
+
+namespace ostvt::netmon {
+namespace {
+
+constexpr char kDataRoot[] = "DATA:";
+
+// The checksum that the client gave for the branch; false when it doesn't list it.
+bool FindChecksum(std::string_view known, const std::string& branch, uint32_t* checksum) {
+  const std::string entry = "\"" + branch + "\",";
+  size_t at = known.find(entry);
+  // At the list's head or behind another entry.
+  while (at != std::string_view::npos && at != 0 && known[at - 1] != ';') {
+    at = known.find(entry, at + 1);
+  }
+  if (at == std::string_view::npos) return false;
+  const std::string_view digits = known.substr(at + entry.size(), 8);
+  if (digits.size() < 8) return false;
+  *checksum = 0;
+  for (const char digit : digits) {
+    uint32_t value;
+    if (digit >= '0' && digit <= '9') {
+      value = static_cast<uint32_t>(digit - '0');
+    } else if (const char letter = static_cast<char>(digit | 0x20);
+               letter >= 'a' && letter <= 'f') {
+      value = static_cast<uint32_t>(letter - 'a' + 10);
+    } else {
+      return false;
+    }
+    *checksum = *checksum << 4 | value;
+  }
+  return true;
+}
+
+}  // namespace
+
+std::string ChangedSettings(ServerRegistry* server, std::string_view known) {
+  OStringArray branches;
+  server->ListBranchRoots(&branches);
+  OStringArray lines;
+  for (int32_t i = 0; i < branches.Count; ++i) {
+    OStringArray branch;
+    if (!server->ExportBranch(branches[i], &branch, kExportChecksum)) continue;
+    const uint32_t checksum = server->ReadDword(branches[i] + "/" + kBranchChecksum, 0);
+    uint32_t clients = 0;
+    if (FindChecksum(known, branches[i].GetNarrow(), &clients) && clients == checksum) continue;
+    lines.Append(branch);
+  }
+  server->CollapseAliasInLines(kDataRoot, &lines);
+  Buffer text;
+  lines.JoinBlock(&text, BlockMode::kLines, kCodePageUtf8);
+  return std::string(reinterpret_cast<const char*>(text.Data), text.Size);
+}
+
+void UpdateSettings(ServerRegistry* server, const std::string& text) {
+  OStringArray lines;
+  lines.SplitBlock(text.data(), static_cast<uint32_t>(text.size()), BlockMode::kLines,
+                   kCodePageUtf8);
+  server->ExpandAliasInLines(kDataRoot, &lines);
+  KeepSharedSections(*server, &lines);
+  server->ImportBranch(lines, kImportEmptying);
+}
+
+}  // namespace ostvt::netmon

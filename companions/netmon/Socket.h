@@ -1,0 +1,51 @@
+// A connection to a printer. Every wait has an end. One thread.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "companions/netmon/SocketSystem.h"
+
+namespace ostvt::netmon {
+
+// Where a port leads: "socket://HOST", "socket://HOST:PORT" or "socket://[ADDRESS]:PORT".
+struct PortAddress {
+  std::string Host;
+  std::string Service;  // the port's number
+};
+// False for a port of another kind.
+bool ParsePortAddress(const std::string& port, PortAddress* address);
+
+class Socket {
+ public:
+  Socket() = default;
+  ~Socket() { Close(); }
+  Socket(const Socket&) = delete;
+  Socket& operator=(const Socket&) = delete;
+
+  // Tries each address that the host has, all of them up to `tries` times; times in milliseconds.
+  bool Connect(const PortAddress& address, int timeout, int tries = 1);
+  // All of it; false when the peer takes nothing for the time, or is gone.
+  bool Send(const uint8_t* bytes, size_t count, int timeout);
+  // Above 0: bytes, as soon as there are some. 0: none came in time. -1: none will come any more.
+  int Receive(uint8_t* bytes, size_t room, int timeout);
+  // Throws away what has come by now.
+  void Discard();
+  // Nothing more is sent. The peer gets what was sent before and, by the time given, ends its side.
+  bool Finish(int timeout);
+  // The peer may lose what it hasn't taken yet.
+  void Abandon();
+
+ private:
+  bool ConnectTo(const addrinfo* address, int timeout);
+  void Close();
+
+  SocketLibrary Library;
+  SocketHandle Handle = kNoSocket;
+};
+
+// The host's first IPv4 address, most significant byte first.
+bool ResolveHost(const char* name, uint8_t* address);
+
+}  // namespace ostvt::netmon

@@ -1,0 +1,88 @@
+#include "comm/SharedText.h"
+
+#include "core/LZ77.h"
+#include "core/PackedText.h"
+#include "platform/KeyStore.h"
+#include "store/PrinterRegistry.h"
+#include "store/SharedBranches.h"
+
+namespace ostvt {
+namespace {
+
+using platform::KeyStoreTransaction;
+
+constexpr char kNeutralRoot[] = "DATA:";
+constexpr KeyStoreTransaction::Purpose kWrite = KeyStoreTransaction::Purpose::kWrite;
+
+OString ChecksumPath(const OString& branch) { return branch + "/" + kBranchChecksum; }
+
+}  // namespace
+
+OString ListSharedBranches(PrinterRegistry& store) {
+  KeyStoreTransaction together(store.GetDataHive(), kWrite);
+  OString list;
+  OStringArray branches;
+  store.ListBranchRoots(&branches);
+  for (int32_t i = 0; i < branches.Count; ++i) {
+    OStringArray lines;
+    store.ExportBranch(branches[i], &lines, kExportChecksum);
+    list += "\"" + branches[i] + "\",";
+    list += OString::HexOf(store.ReadDword(ChecksumPath(branches[i]), 0));
+    list += ";";
+  }
+  together.Commit();
+  return list;
+}
+
+bool ImportShared(PrinterRegistry& store, Buffer* answer) {
+  if (!LZ77::DecodeInPlace(answer)) return false;
+  OStringArray lines;
+  lines.SplitBlock(answer->Data, answer->Size, BlockMode::kLines, kCodePageUtf8);
+  store.ExpandAliasInLines(kNeutralRoot, &lines);
+  KeepSharedSections(store, &lines);
+  if (lines.Count == 0) return true;
+  KeyStoreTransaction together(store.GetDataHive(), kWrite);
+  const OString root = store.Root;
+  store.ImportBranch(lines, kImportEmptying);
+  store.Root = root;
+  // With the checksums of before the next push would send all of it back.
+  ListSharedBranches(store);
+  together.Commit();
+  return true;
+}
+
+SharedChanges::SharedChanges(PrinterRegistry& store) : Store(store) {
+  KeyStoreTransaction together(store.GetDataHive(), kWrite);
+  OStringArray branches;
+  store.ListBranchRoots(&branches);
+  for (int32_t i = 0; i < branches.Count; ++i) {
+    const OString path = ChecksumPath(branches[i]);
+    const bool wasThere = store.GetValueSize(path) >= 0;
+    const uint32_t before = store.ReadDword(path, 0);
+    OStringArray lines;
+    store.ExportBranch(branches[i], &lines, kExportChecksum);
+    if (store.ReadDword(path, 0) == before) continue;
+    Lines.Append(lines);
+    Changed.push_back({path, wasThere, before});
+  }
+  store.CollapseAliasInLines(kNeutralRoot, &Lines);
+  together.Commit();
+}
+
+OString SharedChanges::Pack() const {
+  Buffer text;
+  Lines.JoinBlock(&text, BlockMode::kLines, kCodePageUtf8);
+  return PackText(text.Data, text.Size);
+}
+
+void SharedChanges::Forget() {
+  for (const Checksum& checksum : Changed) {
+    if (checksum.WasThere) {
+      Store.WriteDword(checksum.Path, checksum.Before);
+    } else {
+      Store.Delete(checksum.Path, false);
+    }
+  }
+}
+
+}  // namespace ostvt

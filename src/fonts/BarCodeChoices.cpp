@@ -1,0 +1,108 @@
+#include "fonts/BarCodeChoices.h"
+
+#include <cstdlib>
+
+#include "core/MulDivRound.h"
+#include "fonts/BarCodeRules.h"
+#include "fonts/SymbologyRules.h"
+
+namespace ostvt {
+namespace {
+
+constexpr uint32_t kFindsItsOwnSize = 0x100000;  // DataMatrix
+constexpr uint32_t kEncodesByItself = 0x2;       // Code128
+constexpr uint16_t kNoOption2 = 5;               // what Option 1 of Code128 then is
+
+constexpr int32_t kDefaultMessage = 1600;
+constexpr int32_t kFirstRatioMessage = 1601;
+constexpr int32_t kFirstRatio = 200;
+constexpr int32_t kLastRatio = 300;
+constexpr int32_t kRatioStep = 10;
+constexpr int32_t kHundred = 100;
+constexpr uint32_t kBarsPerInch = 16;  // the widest bar is an inch by this
+
+constexpr uint16_t kCodabar = 4;
+
+uint32_t FlagsOf(uint16_t symbology, const CapabilitiesData& capabilities) {
+  return symbology < kSymbologyRows ? capabilities.Rows[symbology].Flags : 0;
+}
+
+bool IsSupplement(uint16_t symbology) {
+  return symbology == kSupplemental2 || symbology == kSupplemental5;
+}
+
+}  // namespace
+
+void ListSymbologies(const CapabilitiesData& capabilities, std::vector<uint16_t>* numbers) {
+  numbers->clear();
+  for (uint16_t number = 0; number < kSymbologyRows; ++number) {
+    const SymbologyCapability& row = capabilities.Rows[number];
+    if (row.Present == 0 || IsSupplement(number)) continue;
+    if (number == kDataMatrix && (row.Flags & kFindsItsOwnSize) != 0) continue;
+    numbers->push_back(number);
+  }
+}
+
+// A ratio is offered if whole dots come within a tenth of it.
+void ListRatios(const BarCodeFont& font, const CapabilitiesData& capabilities,
+                std::vector<RatioChoice>* choices) {
+  choices->clear();
+  const uint16_t symbology = font.GetSymbology();
+  const int32_t narrowBar = font.IsMatrix() ? 0 : font.Linear.NarrowBar;
+  if (narrowBar == 0 || !RuleOfSymbology(symbology).OffersRatio) return;
+  const uint32_t flags = FlagsOf(symbology, capabilities);
+  choices->push_back({0, kDefaultMessage});
+  for (int32_t ratio = kFirstRatio; ratio <= kLastRatio; ratio += kRatioStep) {
+    const int32_t wideBar = MulDivRound(narrowBar, ratio, kHundred);
+    const int32_t made = MulDivRound(wideBar, kHundred, narrowBar);
+    if (std::abs(made - ratio) >= kRatioStep || !IsRatioAllowed(narrowBar, wideBar, flags)) {
+      continue;
+    }
+    choices->push_back({ratio, kFirstRatioMessage + (ratio - kFirstRatio) / kRatioStep});
+  }
+}
+
+int32_t FindRatio(const std::vector<RatioChoice>& choices, int32_t ratio) {
+  int32_t found = -1;
+  for (size_t i = 0; i < choices.size(); ++i) {
+    if (choices[i].Ratio <= ratio) found = static_cast<int32_t>(i);
+  }
+  return found;
+}
+
+uint32_t LargestNarrowBar(uint32_t resolution) { return resolution / kBarsPerInch; }
+
+bool HasBarChoice(uint16_t symbology) { return RuleOfSymbology(symbology).FixedBarMils == 0; }
+
+void ChooseSymbology(BarCodeFont* font, uint16_t symbology, const CapabilitiesData& capabilities) {
+  font->SetSymbology(symbology);
+  ApplyFixedSettings(font, capabilities);
+}
+
+void ApplyFixedSettings(BarCodeFont* font, const CapabilitiesData& capabilities) {
+  const uint16_t symbology = font->GetSymbology();
+  const SymbologyRule& rule = RuleOfSymbology(symbology);
+  if (rule.FixedBarMils != 0) font->SetNarrowBarMils(rule.FixedBarMils);
+  if (symbology != kCode128 || font->IsMatrix()) return;
+  if ((FlagsOf(symbology, capabilities) & kEncodesByItself) != 0) font->Linear.Option1 = 0;
+  if (font->Linear.Option1 == kNoOption2) font->Linear.Option2 = 0;
+}
+
+uint16_t HumanReadableOf(uint16_t symbology, const CapabilitiesData& capabilities) {
+  return symbology < kSymbologyRows ? capabilities.Rows[symbology].HumanReadable : uint16_t{0};
+}
+
+bool SetStartStop(BarCodeFont* font, char start, char stop) {
+  const auto lower = [](char c) { return c >= 'A' && c <= 'D' ? static_cast<char>(c + 32) : c; };
+  const char first = lower(start);
+  const char last = lower(stop);
+  if (font->GetSymbology() != kCodabar || font->IsMatrix() || first < 'a' || first > 'd' ||
+      last < 'a' || last > 'd') {
+    return false;
+  }
+  font->Linear.Option1 = static_cast<uint16_t>(first);
+  font->Linear.Option2 = static_cast<uint16_t>(last);
+  return true;
+}
+
+}  // namespace ostvt

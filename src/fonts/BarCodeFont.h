@@ -1,0 +1,57 @@
+// A data font that is printed as a bar code, linear or two-dimensional.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "fonts/DataFont.h"
+
+namespace ostvt {
+
+class PrinterModel;
+
+// As one choice: none, or on which side of the bars.
+inline constexpr uint16_t kNoHumanReadable = 0;
+inline constexpr uint16_t kHumanReadableBelow = 1;
+inline constexpr uint16_t kHumanReadableAbove = 2;
+
+class BarCodeFont : public DataFont {
+ public:
+  // Code 39, 65 mils high, the narrow bar 15 mils.
+  BarCodeFont();
+  std::unique_ptr<DataFont> Clone() const override;
+
+  bool IsMatrix() const { return Header.Kind == kDataFontMatrix; }
+  // Dots of the stored resolution become those of `resolution` that are as long: the height of a
+  // linear code and the narrow bar.
+  void Rescale(uint32_t resolution);
+
+  uint16_t GetSymbology() const { return IsMatrix() ? Matrix.Symbology : Linear.Symbology; }
+  // Takes over rotation, narrow bar in mils and human readable text; what else the font says is
+  // kept from one linear code to another alone.
+  void SetSymbology(uint16_t number);
+  uint16_t GetRotation() const { return IsMatrix() ? Matrix.Rotation : Linear.Rotation; }
+  void SetRotation(uint16_t quarterTurns);
+  int32_t GetNarrowBarMils() const;
+  void SetNarrowBarMils(int32_t mils);
+  int32_t GetHeightMils() const;  // 0 for a matrix code, which has none
+  void SetHeightMils(int32_t mils);
+  // Wide bars in hundredths of narrow ones; 0: as the model does it, and in a matrix code.
+  int32_t GetRatio() const;
+  void SetRatio(int32_t hundredths);
+  uint16_t GetHumanReadable() const;
+  void SetHumanReadable(uint16_t choice);
+  // The model can print it.
+  bool IsValidFor(PrinterModel* model) const;
+
+  // By the header's kind.
+  union {
+    LinearBody Linear;
+    MatrixBody Matrix;
+  };
+
+ private:
+  void ClearBody();
+};
+
+}  // namespace ostvt

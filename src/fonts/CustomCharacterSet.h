@@ -1,0 +1,19 @@
+// A character set that the user made.
+#pragma once
+
+#include <cstdint>
+
+#include "core/Arrays.h"
+#include "core/OString.h"
+#include "platform/CodePages.h"
+
+namespace ostvt {
+
+struct CustomCharacterSet {
+  OString Name;  // the record's key
+  // The code page that it was made from.
+  uint16_t SourceCodePage = static_cast<uint16_t>(platform::AnsiCodePage());
+  WordArray EncodingTable;  // printer's character code to Unicode; empty or kEncodingEntries
+};
+
+}  // namespace ostvt

@@ -1,0 +1,127 @@
+// Data fonts on their way between machines: text records, and the older binary files of bar codes.
+#include <cstring>
+#include <utility>
+
+#include "core/OFile.h"
+#include "core/PackedText.h"
+#include "fonts/BarCodeFont.h"
+#include "fonts/DataFontTable.h"
+#include "fonts/FontText.h"
+#include "fonts/RFIDFont.h"
+#include "model/PrinterModel.h"
+
+namespace ostvt {
+namespace {
+
+constexpr char kBarCodeKind[] = "Bar Code";
+constexpr char kRfidKind[] = "RFID";
+constexpr char kName[] = "Name";
+constexpr char kData[] = "Data";
+
+constexpr char kBinarySignature[] = {'S', 'B', 'F', '1'};
+constexpr uint32_t kLargestRecord = 65536;
+
+int32_t WriteFonts(OStream& stream, const DataFontTable& table, const char* kind, bool rfid) {
+  FontTextWriter writer(stream);
+  Buffer blob;
+  int32_t count = 0;
+  for (int32_t i = 0; i < table.GetCount(); ++i) {
+    const DataFont& font = *table.GetAt(i);
+    if (font.IsRfid() != rfid) continue;
+    font.GetBlob(&blob);
+    writer.Open(kind);
+    writer.Write(kName, font.GetName());
+    writer.Write(kData, PackText(blob.Data, blob.Size));
+    writer.Close();
+    ++count;
+  }
+  return count;
+}
+
+// What all that comes from outside passes through. False if the model can't use it.
+bool TakeIn(DataFontTable* table, std::unique_ptr<BarCodeFont> font, PrinterModel* model) {
+  if (!font->IsValidFor(model)) return false;
+  font->Rescale(model->GetDefaultResolutionX());
+  table->AddOrReplace(std::move(font));
+  return true;
+}
+
+bool TakeIn(DataFontTable* table, std::unique_ptr<RFIDFont> font, PrinterModel* model) {
+  if (!font->IsValidFor(model)) return false;
+  font->Normalise(model);
+  table->AddOrReplace(std::move(font));
+  return true;
+}
+
+template <typename Font>
+class Reader : public FontTextSink {
+ public:
+  Reader(DataFontTable* table, PrinterModel* model) : Table(table), Model(model) {}
+  void Open() override { Record = std::make_unique<Font>(); }
+  void TakeValue(const OString& key, const OString& value) override {
+    if (key == kName) {
+      Record->SetName(value);
+    } else if (key == kData) {
+      uint8_t blob[kRfidBlobSize];
+      uint32_t size = sizeof(blob);
+      if (UnpackText(value, blob, &size) && size == Record->GetBlobSize()) {
+        Record->SetBlob(blob, size);
+      }
+    }
+  }
+  bool Close() override { return TakeIn(Table, std::move(Record), Model); }
+
+ private:
+  DataFontTable* Table;
+  PrinterModel* Model;
+  std::unique_ptr<Font> Record;
+};
+
+bool WritesTags(PrinterModel* model) { return model && model->HasRfid() && model->IsRfidEnabled(); }
+
+}  // namespace
+
+int32_t DataFontTable::WriteBarCodeText(OStream& stream) const {
+  return WriteFonts(stream, *this, kBarCodeKind, false);
+}
+
+int32_t DataFontTable::WriteRfidText(OStream& stream, PrinterModel* model) const {
+  return WritesTags(model) ? WriteFonts(stream, *this, kRfidKind, true) : 0;
+}
+
+int32_t DataFontTable::ReadBarCodeText(OFile& stream, PrinterModel* model) {
+  if (!model) return 0;
+  Reader<BarCodeFont> reader(this, model);
+  return ReadFontText(stream, model, kBarCodeKind, &reader);
+}
+
+int32_t DataFontTable::ReadRfidText(OFile& stream, PrinterModel* model) {
+  if (!WritesTags(model)) return 0;
+  Reader<RFIDFont> reader(this, model);
+  return ReadFontText(stream, model, kRfidKind, &reader);
+}
+
+int32_t DataFontTable::ReadBinary(OFile& stream, PrinterModel* model) {
+  char signature[sizeof(kBinarySignature)];
+  uint32_t size = 0;
+  if (!model || stream.Read(signature, sizeof(signature)) != sizeof(signature) ||
+      memcmp(signature, kBinarySignature, sizeof(signature)) != 0 ||
+      stream.Read(&size, sizeof(size)) != sizeof(size) || size < kLeastDataFontBlob ||
+      size > kLargestRecord) {
+    return 0;
+  }
+  Buffer record;
+  record.Resize(size);
+  int32_t count = 0;
+  while (stream.Read(record.Data, size) == size) {
+    auto font = std::make_unique<BarCodeFont>();
+    if (!font->SetBlob(record.Data, size)) continue;
+    OString name;
+    name.AssignCount(font->Header.Name, kDataFontNameSize);
+    font->SetName(name);
+    if (TakeIn(this, std::move(font), model)) ++count;
+  }
+  return count;
+}
+
+}  // namespace ostvt

@@ -1,0 +1,104 @@
+// The downloaded fonts' life in the store: numbered values in one key, and how many fonts they are.
+#include <algorithm>
+#include <memory>
+
+#include "fonts/DownloadedFontList.h"
+#include "fonts/FontRecords.h"
+#include "model/PrinterModel.h"
+
+namespace ostvt {
+namespace {
+
+constexpr char kTotal[] = "Fonts:Downloaded Font Total";
+// A total that isn't below 0 or above this is believed.
+constexpr int32_t kLargestTotal = 9999;
+
+// In front of a font's values. The doubled colon is a plain one in their names.
+OString FontPath(int32_t number) {
+  OString path = "Fonts:Downloaded Font ";
+  path.AppendInt(number / 10);
+  path.AppendInt(number % 10);
+  return path + ":: ";
+}
+
+bool ReadSwitch(const ORegistry& store, const char* name) {
+  return store.ReadByte(OString("Settings:Fonts/Downloaded:: ") + name, 1) != 0;
+}
+
+uint16_t ReadWord(const ORegistry& store, const OString& path, uint16_t defaultValue) {
+  return static_cast<uint16_t>(store.ReadDword(path, defaultValue));
+}
+
+// Null without the whole of its FontInfo.
+std::unique_ptr<DownloadedFont> Read(const ORegistry& store, const OString& path) {
+  auto font = std::make_unique<DownloadedFont>();
+  FontInfo& info = font->Info;
+  if (store.ReadBinary(path + "FontInfo", &info, sizeof(info)) != sizeof(info)) return nullptr;
+  font->Type = ReadWord(store, path + "Type", font->Type);
+  font->Status = ReadWord(store, path + "Status", font->Status);
+  if (font->Status == kDownloadedTransient) font->Status = kDownloadedNormal;
+  font->Italic = store.ReadByte(path + "Italic", font->Italic);
+  font->Weight = ReadWord(store, path + "Weight", font->Weight);
+  font->FaceName = store.ReadString(path + "Face Name", font->FaceName);
+  font->CharacterSet = store.ReadByte(path + "Character Set", font->CharacterSet);
+  if (!font->IsBitmap()) return font;
+  font->PointSize = store.ReadDword(path + "Point Size", font->PointSize);
+  font->ScaleFactor = store.ReadDword(path + "Scale Factor", font->ScaleFactor);
+  font->EncodingTable.SetSize(kEncodingEntries);
+  ReadEncodingTable(store, path + "Encoding Table", &font->EncodingTable);
+  return font;
+}
+
+bool Write(ORegistry& store, const OString& path, const DownloadedFont& font) {
+  const uint16_t status = font.Status == kDownloadedTransient ? kDownloadedNormal : font.Status;
+  bool done = store.WriteDword(path + "Type", font.Type);
+  done = store.WriteDword(path + "Status", status) && done;
+  done = store.WriteBinary(path + "FontInfo", &font.Info, sizeof(font.Info)) ==
+             static_cast<int32_t>(sizeof(font.Info)) &&
+         done;
+  done = store.WriteByte(path + "Italic", font.Italic) && done;
+  done = store.WriteDword(path + "Weight", font.Weight) && done;
+  done = store.WriteString(path + "Face Name", font.FaceName) && done;
+  done = store.WriteByte(path + "Character Set", font.CharacterSet) && done;
+  if (!font.IsBitmap()) return done;
+  done = store.WriteDword(path + "Point Size", font.PointSize) && done;
+  done = store.WriteDword(path + "Scale Factor", font.ScaleFactor) && done;
+  const OString table = path + "Encoding Table";
+  if (font.EncodingTable.Count > 0) {
+    return WriteEncodingTable(store, table, font.EncodingTable) && done;
+  }
+  // Another font's may lie there.
+  return (store.Delete(table, false) || store.GetValueSize(table) < 0) && done;
+}
+
+}  // namespace
+
+void DownloadedFontList::Load(PrinterModel* model) {
+  ClearAll();
+  if (!model) return;
+  PrinterRegistry& store = model->GetStore();
+  VerticalResolution = model->GetDefaultResolutionY();
+  RotatesTextFreely = model->CanRotateTextAnyAngle();
+  Enabled = ReadSwitch(store, "Enabled");
+  AllowsMagnification = ReadSwitch(store, "Allow Magnifications");
+  AlwaysUsesClosest = ReadSwitch(store, "Always Use Closest");
+  const int32_t total = std::clamp(store.ReadInt(kTotal, 0), 0, kLargestTotal);
+  for (int32_t i = 1; i <= total; ++i) Append(Read(store, FontPath(i)).release());
+}
+
+bool DownloadedFontList::Save(PrinterModel* model) const {
+  if (!model) return false;
+  PrinterRegistry& store = model->GetStore();
+  platform::KeyStoreTransaction writing(store.GetDataHive(),
+                                        platform::KeyStoreTransaction::Purpose::kWrite);
+  if (!writing.IsOpen()) return false;
+  bool done = true;
+  int32_t count = 0;
+  for (const DownloadedFont* font = GetFirst(); font; font = font->GetNext()) {
+    done = Write(store, FontPath(++count), *font) && done;
+  }
+  done = store.WriteDword(kTotal, count) && done;
+  return done && writing.Commit();
+}
+
+}  // namespace ostvt

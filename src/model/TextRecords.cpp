@@ -1,0 +1,56 @@
+#include "model/TextRecords.h"
+
+#include "core/OFile.h"
+#include "model/ModelAttributes.h"
+#include "model/PrinterModel.h"
+
+namespace ostvt {
+namespace {
+
+constexpr char kWhiteSpace[] = " \t\r\n";
+
+}  // namespace
+
+TextRecordReader::TextRecordReader(OFile& stream, const char* kind, PrinterModel* model)
+    : Stream(stream), Opening(OString("<") + kind), Closing(OString("</") + kind + ">") {
+  if (model) {
+    ModelName = model->GetDriverName();
+    ModelId = model->GetFamilyCode();
+  }
+  Stream.Seek(0, platform::FileOrigin::kBegin);
+}
+
+TextRecordReader::Line TextRecordReader::Next() {
+  while (Stream.ReadLine(Text)) {
+    Text.TrimLeft(kWhiteSpace);
+    Text.TrimRight(kWhiteSpace);
+    if (Text.Left(Opening.Length()) == Opening) {
+      IsInside = MatchesModelAttributes(Text, ModelName, ModelId);
+      if (IsInside) return Line::kOpening;
+    } else if (IsInside && Text == Closing) {
+      IsInside = false;
+      return Line::kClosing;
+    } else if (IsInside) {
+      const int equals = Text.Find('=');
+      if (equals <= 0) continue;
+      Key = Text.Left(equals);
+      Value = Text.Mid(equals + 1);
+      return Line::kValue;
+    }
+  }
+  return Line::kEnd;
+}
+
+void WriteRecordLine(OStream& stream, const char* line) {
+  stream.WriteText(line);
+  stream.WriteNewLine();
+}
+
+void WriteRecordValue(OStream& stream, const char* key, const OString& value) {
+  stream.WriteText(key);
+  stream.WriteText("=");
+  stream.WriteString(value);
+  stream.WriteNewLine();
+}
+
+}  // namespace ostvt

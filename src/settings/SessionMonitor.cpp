@@ -1,0 +1,42 @@
+// What a session has to do with the port monitor.
+#include "comm/NetworkSettings.h"
+#include "platform/Module.h"
+#include "platform/Process.h"
+#include "settings/DriverSession.h"
+
+namespace ostvt {
+
+void DriverSession::MonitorFailureDialog() {
+  if (!Link.IsMonitorMissed()) return;
+  const bool isClient = Link.IsNetworkClient();
+  do {
+    const MonitorFailureAnswer answer =
+        ShowMonitorFailure ? ShowMonitorFailure(this, isClient) : MonitorFailureAnswer::kNotShown;
+    if (answer == MonitorFailureAnswer::kNotShown) return;
+    if (answer == MonitorFailureAnswer::kTurnOff) {
+      Link.SetNetworkCommunication(false);
+      return;
+    }
+  } while (!Link.IsAnswering());
+}
+
+bool DriverSession::LaunchStatusMonitor(const OString& verb, int32_t wait) {
+  if (platform::SystemDirectory().empty()) return false;
+  return platform::StartProgram(Link.GetStatusMonitorCommand(verb).GetWide(), wait);
+}
+
+bool DriverSession::OpenStatusMonitor(int32_t wait) { return LaunchStatusMonitor("open", wait); }
+
+bool DriverSession::CloseStatusMonitor() {
+  return LaunchStatusMonitor("close", platform::kShowHidden);
+}
+
+bool DriverSession::ExportNetworkSettings(OStream& stream) const {
+  return ostvt::ExportNetworkSettings(Link, stream);
+}
+
+bool DriverSession::ImportNetworkSettings(OFile& stream) {
+  return ostvt::ImportNetworkSettings(Link, stream);
+}
+
+}  // namespace ostvt

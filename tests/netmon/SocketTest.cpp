@@ -1,0 +1,155 @@
+#include "companions/netmon/Socket.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+
+#include "tests/support/LittlePrinter.h"
+
+namespace ostvt::test {
+namespace {
+
+using netmon::ParsePortAddress;
+using netmon::PortAddress;
+using netmon::ResolveHost;
+using netmon::Socket;
+
+constexpr int kSecond = 1000;
+
+std::string AddressOf(const std::string& port) {
+  PortAddress address;
+  return ParsePortAddress(port, &address) ? address.Host + " " + address.Service : "none";
+}
+
+PortAddress AddressOf(const LittlePrinter& printer) {
+  return {"127.0.0.1", std::to_string(printer.Port())};
+}
+
+bool Send(Socket* socket, const std::string& bytes, int timeout = kSecond) {
+  return socket->Send(reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size(), timeout);
+}
+
+int MillisecondsSince(std::chrono::steady_clock::time_point start) {
+  return static_cast<int>(std::chrono::duration_cast<std::chrono::milliseconds>(
+                              std::chrono::steady_clock::now() - start)
+                              .count());
+}
+
+TEST(PortAddress, PortStandsBehindTheLastColon) {
+  EXPECT_EQ("printer.example 6101", AddressOf("socket://printer.example:6101"));
+}
+
+TEST(PortAddress, RawPrintingIsTheDefaultPort) {
+  EXPECT_EQ("192.0.2.7 9100", AddressOf("socket://192.0.2.7"));
+  EXPECT_EQ("192.0.2.7 9100", AddressOf("socket://192.0.2.7/"));
+}
+
+TEST(PortAddress, BracketsHoldAnAddressWithColons) {
+  EXPECT_EQ("2001:db8::7 9100", AddressOf("socket://[2001:db8::7]"));
+  EXPECT_EQ("2001:db8::7 6101", AddressOf("socket://[2001:db8::7]:6101"));
+}
+
+TEST(PortAddress, OtherPortsAreNone) {
+  for (const char* port :
+       {"", "FILE:", "LPT1:", "cups:labels", "socket:/x", "socket://", "socket://:9100",
+        "socket://x:", "socket://x:http", "socket://x:0", "socket://x:65536"})
+    EXPECT_EQ("none", AddressOf(port)) << port;
+}
+
+TEST(Socket, BytesReachThePrinterAndItsAnswerComesBack) {
+  LittlePrinter printer;
+  printer.SetStatus(0x55, 0);
+  Socket socket;
+  ASSERT_TRUE(socket.Connect(AddressOf(printer), kSecond));
+  ASSERT_TRUE(Send(&socket, "\x1Bh"));
+  uint8_t bytes[8] = {};
+  ASSERT_EQ(1, socket.Receive(bytes, sizeof bytes, kSecond));
+  EXPECT_EQ(0x55, bytes[0]);
+  EXPECT_TRUE(socket.Finish(kSecond));
+  ASSERT_TRUE(printer.WaitForJobs(1));
+  EXPECT_EQ("\x1Bh", printer.Received());
+}
+
+TEST(Socket, NothingInTimeIsNoEndOfTheConnection) {
+  const LittlePrinter printer;
+  Socket socket;
+  ASSERT_TRUE(socket.Connect(AddressOf(printer), kSecond));
+  uint8_t byte;
+  EXPECT_EQ(0, socket.Receive(&byte, 1, 20));
+}
+
+TEST(Socket, PeerThatHangsUpIsTold) {
+  LittlePrinter printer;
+  printer.SetHangUpAfter(1);
+  Socket socket;
+  ASSERT_TRUE(socket.Connect(AddressOf(printer), kSecond));
+  ASSERT_TRUE(Send(&socket, "x"));
+  uint8_t byte;
+  EXPECT_EQ(-1, socket.Receive(&byte, 1, 5 * kSecond));
+}
+
+TEST(Socket, RefusedConnectionFailsAtOnce) {
+  LittlePrinter printer;
+  printer.StopListening();
+  Socket socket;
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_FALSE(socket.Connect(AddressOf(printer), 20 * kSecond));
+  EXPECT_LT(MillisecondsSince(start), 10 * kSecond);
+}
+
+TEST(Socket, PrinterThatTakesNothingEndsTheSending) {
+  LittlePrinter printer;
+  printer.SetStalled(true);
+  Socket socket;
+  ASSERT_TRUE(socket.Connect(AddressOf(printer), kSecond));
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_FALSE(Send(&socket, std::string(64 << 20, 'x'), 200));
+  EXPECT_LT(MillisecondsSince(start), 20 * kSecond);
+}
+
+TEST(Socket, UnreadAnswerDoesNotCutOffWhatWasSent) {
+  LittlePrinter printer;
+  Socket socket;
+  ASSERT_TRUE(socket.Connect(AddressOf(printer), kSecond));
+  std::string job;
+  for (int i = 0; i < 2000; ++i) job += "! U1 getvar \"appl.name\"\r\n";
+  ASSERT_TRUE(Send(&socket, job));
+  EXPECT_TRUE(socket.Finish(5 * kSecond));
+  ASSERT_TRUE(printer.WaitForJobs(1));
+  EXPECT_EQ(job.size(), printer.Received().size());
+}
+
+TEST(Socket, DiscardTakesWhatHasComeAndNoMore) {
+  LittlePrinter printer;
+  Socket socket;
+  ASSERT_TRUE(socket.Connect(AddressOf(printer), kSecond));
+  ASSERT_TRUE(Send(&socket, "\x1Bv"));
+  uint8_t bytes[16] = {};
+  // Its first byte is there, so all of it is.
+  ASSERT_EQ(1, socket.Receive(bytes, 1, kSecond));
+  socket.Discard();
+  printer.SetStatus(7, 0);
+  ASSERT_TRUE(Send(&socket, "\x1Bh"));
+  ASSERT_EQ(1, socket.Receive(bytes, sizeof bytes, kSecond));
+  EXPECT_EQ(7, bytes[0]);
+}
+
+TEST(ResolveHost, AddressIsGivenAsItIsWritten) {
+  uint8_t address[4] = {};
+  ASSERT_TRUE(ResolveHost("192.0.2.17", address));
+  EXPECT_EQ(192, address[0]);
+  EXPECT_EQ(0, address[1]);
+  EXPECT_EQ(2, address[2]);
+  EXPECT_EQ(17, address[3]);
+}
+
+TEST(ResolveHost, NoNameFindsNothing) {
+  uint8_t address[4] = {9, 9, 9, 9};
+  EXPECT_FALSE(ResolveHost("", address));
+  EXPECT_FALSE(ResolveHost(nullptr, address));
+  EXPECT_FALSE(ResolveHost("no such host", address));
+  EXPECT_EQ(9, address[0]);
+}
+
+}  // namespace
+}  // namespace ostvt::test
