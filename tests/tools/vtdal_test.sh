@@ -1,10 +1,11 @@
 #!/usr/bin/env bash
-# Tests the command-line tool: vtdal_test.sh VTDAL MODULE [RUNNER]. With a runner (Windows programs)
+# Tests the command-line tool: vtdal_test.sh VTDAL MODULE MONITOR [RUNNER]. With a runner (Windows programs)
 # the spooler is that of the runner's system, so that printers are only asked for, not made.
 set -u
 vtdal=$1
 module=$2
-runner=${3:-}
+monitor=$3
+runner=${4:-}
 here=$(cd "$(dirname "$0")" && pwd)
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
@@ -731,7 +732,6 @@ run command "$name" reset
 check "a command that the model lacks fails" says "the printer '$name' doesn't know this command"
 refuses 1 "the status of '$name' is unknown" status "$name" --module /nowhere/module
 
-monitor=$(dirname "$vtdal")/../../companions/netmon/real/vtnetmon.d64
 mkdir "$work/driver"
 cp "$monitor" "$work/driver/"
 python3 - "$work/port" "$work/received" <<'PRINTER' &
