@@ -102,6 +102,7 @@ bool MonitorLink::ReadState(const Buffer& answer) {
 }
 
 bool MonitorLink::EnsureFresh() {
+  if (!GetNetworkCommunication()) return false;
   if (StateKnown) {
     PrinterId printer(PrinterName);
     if (LocalBidiEnabled == IsLocalBidiEnabled(printer) &&

@@ -77,14 +77,18 @@ bool MonitorLink::PullShadow() {
   if (IsExchangeOff(store)) return true;
   if (!Refresh()) return false;
   if (!IsSharingInForce()) return true;
+  SharedChecksums before(store);
   OString request = kXpmlPackAnswer;
   request += kXpmlSettingsRequest;
-  request += ListSharedBranches(store);
+  request += ListSharedBranches(store, &before);
   request += kXpmlSettingsEnd;
   request += kXpmlEncodeEnd;
   Buffer answer;
-  if (SendRequestWithResponse(request, &answer) == 0) return false;
-  return answer.Size == 0 || ImportShared(store, &answer);
+  const bool isAnswered = SendRequestWithResponse(request, &answer) != 0;
+  if (isAnswered && (answer.Size == 0 || ImportShared(store, &answer))) return true;
+  // What changed here is still to be pushed.
+  before.Restore();
+  return false;
 }
 
 bool MonitorLink::PushShadow() {

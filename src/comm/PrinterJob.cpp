@@ -29,7 +29,7 @@ void PrinterJob::StartPage() { platform::StartPrintPage(Context); }
 
 void PrinterJob::EndPage() { platform::EndPrintPage(Context); }
 
-void PrinterJob::End() { platform::EndPrintJob(Context); }
+bool PrinterJob::End() { return platform::EndPrintJob(Context); }
 
 int32_t PrinterJob::Escape(int32_t code, int32_t inputSize, const void* input, int32_t outputSize,
                            void* output) {

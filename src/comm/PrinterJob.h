@@ -24,7 +24,8 @@ class PrinterJob {
   int32_t Start(const OString& name);
   void StartPage();
   void EndPage();
-  void End();
+  // False where what is left did not arrive, or whoever took the job refuses it.
+  bool End();
   // The rendering half's answer: above 0 done, 0 unknown, below 0 failed. 0 without a context.
   int32_t Escape(int32_t code, int32_t inputSize, const void* input, int32_t outputSize,
                  void* output);

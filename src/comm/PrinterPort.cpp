@@ -36,8 +36,7 @@ bool PrinterPort::WriteRaw(const void* bytes, int32_t count) {
   job.Write(nullptr, 0);
   const bool written = job.Write(bytes, count);
   job.EndPage();
-  job.End();
-  return written;
+  return job.End() && written;
 }
 
 void PrinterPort::BeginCapture() {
@@ -64,11 +63,13 @@ bool PrinterPort::Write(const void* bytes, int32_t count) {
     Buffer = static_cast<uint8_t*>(ReallocCounted(Buffer, static_cast<size_t>(Capacity)));
     BufferAllocated = Capacity;
   }
+  // What is sent may make its sender write again, so the buffer need not be empty afterwards.
   if (count > Capacity - Fill) Flush();
-  if (count <= Capacity) {
+  if (count <= Capacity - Fill) {
     memcpy(Buffer + Fill, bytes, static_cast<size_t>(count));
     Fill += count;
   } else {
+    Flush();
     SendInPieces(static_cast<const uint8_t*>(bytes), count);
   }
   return true;
@@ -118,7 +119,7 @@ int32_t PrinterPort::StartJob(const OString& name) {
 void PrinterPort::EndJob() {
   if (!Job) return;
   Job->EndPage();
-  Job->End();
+  if (!Job->End()) SendFailed = true;
   delete Job;
   Job = nullptr;
 }

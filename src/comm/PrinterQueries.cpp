@@ -40,6 +40,8 @@ void PrinterPort::EndQueryDocument() {
 }
 
 bool PrinterPort::RunQuery(const OString& jobName, int32_t jobId, void* parent) {
+  // What an earlier job of that name was answered is no answer to one that never began.
+  if (DriverOnNtPath && jobId < 1) return false;
   OString command = "open \"" + Link.PrinterName + "\" -jn \"" + jobName + "\"";
   if (DriverOnNtPath) {
     command += " -ji ";

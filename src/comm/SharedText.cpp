@@ -18,13 +18,31 @@ OString ChecksumPath(const OString& branch) { return branch + "/" + kBranchCheck
 
 }  // namespace
 
-OString ListSharedBranches(PrinterRegistry& store) {
+void SharedChecksums::Keep(const OString& branch) {
+  const OString path = ChecksumPath(branch);
+  Kept.push_back({path, Store.GetValueSize(path) >= 0, Store.ReadDword(path, 0)});
+}
+
+void SharedChecksums::Restore() {
+  KeyStoreTransaction together(Store.GetDataHive(), kWrite);
+  for (const Checksum& checksum : Kept) {
+    if (checksum.WasThere) {
+      Store.WriteDword(checksum.Path, checksum.Before);
+    } else {
+      Store.Delete(checksum.Path, false);
+    }
+  }
+  together.Commit();
+}
+
+OString ListSharedBranches(PrinterRegistry& store, SharedChecksums* before) {
   KeyStoreTransaction together(store.GetDataHive(), kWrite);
   OString list;
   OStringArray branches;
   store.ListBranchRoots(&branches);
   for (int32_t i = 0; i < branches.Count; ++i) {
     OStringArray lines;
+    if (before) before->Keep(branches[i]);
     store.ExportBranch(branches[i], &lines, kExportChecksum);
     list += "\"" + branches[i] + "\",";
     list += OString::HexOf(store.ReadDword(ChecksumPath(branches[i]), 0));
@@ -51,19 +69,17 @@ bool ImportShared(PrinterRegistry& store, Buffer* answer) {
   return true;
 }
 
-SharedChanges::SharedChanges(PrinterRegistry& store) : Store(store) {
+SharedChanges::SharedChanges(PrinterRegistry& store) : Before(store) {
   KeyStoreTransaction together(store.GetDataHive(), kWrite);
   OStringArray branches;
   store.ListBranchRoots(&branches);
   for (int32_t i = 0; i < branches.Count; ++i) {
     const OString path = ChecksumPath(branches[i]);
-    const bool wasThere = store.GetValueSize(path) >= 0;
     const uint32_t before = store.ReadDword(path, 0);
+    Before.Keep(branches[i]);
     OStringArray lines;
     store.ExportBranch(branches[i], &lines, kExportChecksum);
-    if (store.ReadDword(path, 0) == before) continue;
-    Lines.Append(lines);
-    Changed.push_back({path, wasThere, before});
+    if (store.ReadDword(path, 0) != before) Lines.Append(lines);
   }
   store.CollapseAliasInLines(kNeutralRoot, &Lines);
   together.Commit();
@@ -73,16 +89,6 @@ OString SharedChanges::Pack() const {
   Buffer text;
   Lines.JoinBlock(&text, BlockMode::kLines, kCodePageUtf8);
   return PackText(text.Data, text.Size);
-}
-
-void SharedChanges::Forget() {
-  for (const Checksum& checksum : Changed) {
-    if (checksum.WasThere) {
-      Store.WriteDword(checksum.Path, checksum.Before);
-    } else {
-      Store.Delete(checksum.Path, false);
-    }
-  }
 }
 
 }  // namespace ostvt

@@ -14,8 +14,29 @@ namespace ostvt {
 
 class PrinterRegistry;
 
-// What the client has: "BRANCH",CHECKSUM; for each, with the checksum of what the store holds now.
-OString ListSharedBranches(PrinterRegistry& store);
+// Stored checksums as they were before they were renewed.
+class SharedChecksums {
+ public:
+  explicit SharedChecksums(PrinterRegistry& store) : Store(store) {}  // borrowed
+
+  void Keep(const OString& branch);
+  // What differed then from what was stored counts as changed again.
+  void Restore();
+
+ private:
+  struct Checksum {
+    OString Path;
+    bool WasThere;
+    uint32_t Before;
+  };
+
+  PrinterRegistry& Store;
+  std::vector<Checksum> Kept;
+};
+
+// What the client has: "BRANCH",CHECKSUM; for each, with the checksum of what the store holds now,
+// which is stored. `before` (may be null) keeps those that were.
+OString ListSharedBranches(PrinterRegistry& store, SharedChecksums* before = nullptr);
 
 // Takes the server's answer apart and replaces the keys that it names, as far as they belong to a
 // printer's configuration. What came counts as unchanged from then on. False, with the store as it
@@ -32,18 +53,11 @@ class SharedChanges {
   // As one line of text; empty when it can't be packed.
   OString Pack() const;
   // They didn't reach the server: they count as changed again.
-  void Forget();
+  void Forget() { Before.Restore(); }
 
  private:
-  struct Checksum {
-    OString Path;
-    bool WasThere;
-    uint32_t Before;
-  };
-
-  PrinterRegistry& Store;
+  SharedChecksums Before;
   OStringArray Lines;
-  std::vector<Checksum> Changed;
 };
 
 }  // namespace ostvt

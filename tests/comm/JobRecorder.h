@@ -38,6 +38,7 @@ class JobRecorder {
 
   bool HasContext = true;
   int32_t JobId = 17;
+  bool RefusesAtEnd = false;
   int EscapeResult = 1;
   // Answers to an escape that is no packet.
   int (*OtherEscape)(int escape, void* output, int outputSize) = nullptr;
@@ -83,7 +84,7 @@ class JobRecorder {
   }
   static bool End(platform::PrintJobHandle) {
     Note("end");
-    return true;
+    return !current->RefusesAtEnd;
   }
   static int Escape(platform::PrintJobHandle, int escape, const void* input, int inputSize,
                     void* output, int outputSize) {

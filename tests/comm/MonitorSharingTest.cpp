@@ -183,6 +183,17 @@ TEST_F(ClientSharing, FailedRequestLeavesTheShadowAsItWas) {
   EXPECT_EQ(1u, Routed().ReadDword("SETTINGS:A", 0));
 }
 
+TEST_F(ClientSharing, FailedRequestLeavesLocalChangesToBePushed) {
+  PrinterRegistry store = Routed();
+  store.WriteDword("SETTINGS:A", 1u);
+  EXPECT_NE("", Pushed());
+  store.WriteDword("SETTINGS:A", 2u);
+  Monitor.SettingsResult = 0;
+  EXPECT_FALSE(Pull(""));
+  Monitor.SettingsResult = 1;
+  EXPECT_NE("", Pushed());
+}
+
 // Pushing.
 
 TEST_F(ClientSharing, PushSendsTheBranchesThatChangedUnderTheNeutralRoot) {

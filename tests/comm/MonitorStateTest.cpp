@@ -306,6 +306,15 @@ TEST_F(RemoteMonitorLinkTest, ClientMissesTheMonitorUntilCommunicationIsOff) {
   EXPECT_EQ(0, Monitor.Loads);
 }
 
+TEST_F(RemoteMonitorLinkTest, TurnedOffCommunicationAnswersNothingAndAsksNobody) {
+  Link.SetNetworkCommunication(false);
+  Monitor.Loads = 0;
+  EXPECT_FALSE(Link.IsMonitoringSupported());
+  EXPECT_FALSE(Link.IsBidirectional());
+  EXPECT_TRUE(Link.GetPortType().IsEmpty());
+  EXPECT_EQ(0, Monitor.Loads);
+}
+
 TEST_F(MonitorLinkTest, HostNameBecomesDottedText) {
   const uint8_t address[] = {192, 168, 0, 255};
   memcpy(Monitor.Address, address, 4);

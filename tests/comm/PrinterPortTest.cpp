@@ -195,6 +195,21 @@ TEST(PrinterPort, WritesDuringAFlushAreSentOnceAndLater) {
   EXPECT_EQ("firstlater", port.Bytes());
 }
 
+TEST(PrinterPort, WriteAfterSuchAFlushStaysInsideTheBuffer) {
+  class WritingPort : public PacketPort {
+   public:
+    bool WriteRaw(const void* bytes, int32_t count) override {
+      if (Packets.empty()) WriteText("later");
+      return PacketPort::WriteRaw(bytes, count);
+    }
+  };
+  WritingPort port;
+  EXPECT_TRUE(WriteBytes(&port, Pattern(8000)));
+  EXPECT_TRUE(WriteBytes(&port, Pattern(8192)));
+  port.Flush();
+  EXPECT_EQ(8000u + 5 + 8192, port.Bytes().size());
+}
+
 class PrinterPortJob : public ::testing::Test {
  protected:
   void SetUp() override {
@@ -224,6 +239,15 @@ TEST_F(PrinterPortJob, BytesWrittenBeforeBelongToTheJob) {
   Port.WriteText("late");
   Port.CloseJob();
   EXPECT_EQ((std::vector<std::string>{"", "earlylate"}), System.Packets);
+}
+
+TEST_F(PrinterPortJob, RefusalAtTheEndIsAFailure) {
+  System.RefusesAtEnd = true;
+  Port.OpenJob("Job");
+  Port.WriteText("bytes");
+  Port.CloseJob();
+  EXPECT_TRUE(Port.SendFailed);
+  EXPECT_FALSE(Port.WriteRaw("x", 1));
 }
 
 TEST_F(PrinterPortJob, PacketOutsideAJobIsALittleJobOfItsOwn) {

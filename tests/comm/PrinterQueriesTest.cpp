@@ -137,6 +137,12 @@ TEST_F(PrinterQueries, MonitorIsToldPrinterJobAndNumber) {
   EXPECT_EQ(&window, Monitor.Window);
 }
 
+// Whatever the monitor keeps of an earlier one.
+TEST_F(PrinterQueries, JobThatNeverBeganHasNoAnswer) {
+  EXPECT_FALSE(Port.RunQuery("Job", 0, nullptr));
+  EXPECT_EQ(u"", Monitor.Command);
+}
+
 TEST_F(PrinterQueries, JobsHaveNoNumberOnThe16BitPath) {
   DriverOnNtPath = false;
   EXPECT_TRUE(Port.RunQuery("Job", 4711, nullptr));
