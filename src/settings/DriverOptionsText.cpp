@@ -42,13 +42,15 @@ bool ConcernsModel(const OStringArray& lines) {
       header.Key.MakeUpper();
       if (header.IsDeletion || header.Key.Find("/SPECIFICATIONS") >= 0) return true;
     } else if (ParseBranchValue(line.Text, &value)) {
-      if (value.Name.CompareNoCase("Disable Copies Limit") == 0) return true;
+      for (const char* name : {"Disable Copies Limit", "Unprintable Width"}) {
+        if (value.Name.CompareNoCase(name) == 0) return true;
+      }
     }
   }
   return false;
 }
 
-// Applies a record's lines; true if they concern the model.
+// Applies a record's lines, all or, where the store can do that, none. False if it took them not.
 bool Apply(PrinterModel* model, OStringArray* lines) {
   // The import moves the root of the object that it works on.
   PrinterRegistry store(model->GetStore());
@@ -57,9 +59,9 @@ bool Apply(PrinterModel* model, OStringArray* lines) {
   store.ExpandAliasInLines(kNeutralRoot, lines);
   KeepSectionsBelow(store, branches, lines);
   KeyStoreTransaction together(store.GetDataHive(), KeyStoreTransaction::Purpose::kWrite);
+  if (!together.IsOpen()) return false;
   store.ImportBranch(*lines, 0);
-  if (together.IsOpen()) together.Commit();
-  return ConcernsModel(*lines);
+  return together.Commit();
 }
 
 }  // namespace
@@ -96,8 +98,10 @@ bool DriverOptions::ImportText(OFile& stream, const OString& modelName, const OS
     } else if (isInside && line == kClosing) {
       isInside = false;
       lines.Add(OString());
-      concernsModel = Apply(Model, &lines) || concernsModel;
-      found = true;
+      if (Apply(Model, &lines)) {
+        concernsModel = ConcernsModel(lines) || concernsModel;
+        found = true;
+      }
     } else if (isInside) {
       // What parts the sections is dropped when they are written.
       if (line.GetWide()[0] == u'[' && lines.Count > 0) lines.Add(OString());

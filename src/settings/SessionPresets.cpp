@@ -50,6 +50,8 @@ void DriverSession::AddBuiltInPresets() {
 
 void DriverSession::CopyPresetList(DriverSession& other) {
   GetPresets().CopyFrom(other.GetPresets());
+  // The other's settings are not the current ones here.
+  AddBuiltInPresets();
 }
 
 OString DriverSession::GetString(int32_t number) const {

@@ -28,10 +28,13 @@ bool Deleted(ORegistry& store, const OString& value) {
   return store.Delete(value, false) || store.GetValueSize(value) < 0;
 }
 
+// No device mode is larger.
+constexpr int32_t kLargestBlock = 2 * 0xFFFF;
+
 std::vector<uint8_t> ReadBlock(const ORegistry& store, const OString& value, int32_t size) {
   std::vector<uint8_t> block;
   if (size == 0) size = store.GetValueSize(value);
-  if (size <= 0) return block;
+  if (size <= 0 || size > kLargestBlock) return block;
   block.resize(static_cast<size_t>(size));
   if (store.ReadBinary(value, block.data(), size) != size) block.clear();
   return block;
@@ -165,6 +168,8 @@ bool WriteEntries(ORegistry& store, const EntryKind& kind, const OString& path,
     return EntryPath(kind, path, static_cast<int32_t>(index) + 1);
   };
   const size_t total = entries.size();
+  // What is beyond could not be read back.
+  if (total > static_cast<size_t>(kEntryLimit)) return false;
   const auto oldTotal = static_cast<size_t>(CountEntries(store, path));
   Entries stored;
   stored.reserve(oldTotal);

@@ -190,6 +190,13 @@ TEST_F(DriverOptionsText, ImportOfSpecificationsInvalidatesTheModel) {
   EXPECT_NE(999, Model()->GetCopiesLimit());
 }
 
+// The model's figures are made from it too.
+TEST_F(DriverOptionsText, ImportOfTheUnprintableWidthInvalidatesTheModel) {
+  const uint32_t before = Synchronization();
+  EXPECT_TRUE(Import(Block("[DATA:\\Settings]\r\n\"unprintable width\"=dword:000003e8\r\n")));
+  EXPECT_NE(before, Synchronization());
+}
+
 TEST_F(DriverOptionsText, ImportOfOtherOptionsLeavesTheModelAlone) {
   const uint32_t before = Synchronization();
   EXPECT_TRUE(Import(Block(kLogging)));

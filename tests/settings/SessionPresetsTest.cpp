@@ -164,6 +164,14 @@ TEST_F(SessionPresets, CopiedListIsSavedByTheSessionThatGotIt) {
   EXPECT_EQ("A:5:;B:6:;", Stored());
 }
 
+TEST_F(SessionPresets, CurrentSettingsAreNotCopied) {
+  SetLabelCount(7);
+  DriverSession other;
+  Open(&other);
+  Session->CopyPresetList(other);
+  EXPECT_EQ("#4102:7:#4104;#4103:0:#4105;", ContentOf(Session->GetPresets()));
+}
+
 TEST_F(SessionPresets, PresetInForceIsFoundByTheDeviceMode) {
   Store("A", 5);
   EXPECT_TRUE(Session->GetPresets().FindForDevMode(Session->DevModeBuffer)->Name == "#4103");

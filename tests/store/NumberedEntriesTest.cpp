@@ -125,6 +125,21 @@ TEST_F(NumberedEntriesTest, BlockOfAnotherSizeIsNone) {
   }
 }
 
+TEST_F(NumberedEntriesTest, MoreThanCanBeReadBackAreNotWritten) {
+  ORegistry registry;
+  EXPECT_TRUE(Write(registry, Plain("A"), EntryWriting::kTogether));
+  EXPECT_FALSE(Write(registry, Plain(std::string(kEntryLimit + 1, 'B')), EntryWriting::kTogether));
+  EXPECT_EQ(TextsOf(Plain("A")), ReadAll());
+}
+
+TEST_F(NumberedEntriesTest, BlockLargerThanAnyDeviceModeIsNone) {
+  ORegistry registry;
+  NumberedEntry entry = Make("A", "text", 1);
+  entry.Block.resize(2 * 0xFFFF + 1);
+  EXPECT_TRUE(WriteEntry(registry, kAnySize, EntryPath(kAnySize, kPath, 1), entry));
+  EXPECT_TRUE(ReadEntry(registry, kAnySize, EntryPath(kAnySize, kPath, 1)).Block.empty());
+}
+
 TEST_F(NumberedEntriesTest, KindWithoutADescriptionWritesNone) {
   ORegistry registry;
   NumberedEntry entry = {"A", "lost", {1, 2}};
