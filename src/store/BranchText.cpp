@@ -191,6 +191,8 @@ void AppendBranchValue(const BranchValue& value, OStringArray* lines) {
   }
 }
 
+bool BeginsValue(std::u16string_view line) { return FindNameEnd(line) != kNowhere; }
+
 bool IsBytesValue(std::u16string_view line) {
   const size_t end = FindNameEnd(line);
   return end != kNowhere && StartsWith(line.substr(end + 2), kHex);

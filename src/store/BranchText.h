@@ -41,6 +41,8 @@ void AppendBranchValue(const BranchValue& value, OStringArray* lines);
 // `line` is whole, its parts joined. What digits there are count; types are those of strings,
 // double words and lists, and that of binary values for all others. False if the line is no value.
 bool ParseBranchValue(std::u16string_view line, BranchValue* value);
+// The line begins a value: there is a name.
+bool BeginsValue(std::u16string_view line);
 // The line begins a value of bytes, which goes on behind a "\".
 bool IsBytesValue(std::u16string_view line);
 

@@ -16,6 +16,14 @@ constexpr int kLongestText = 8192;
 
 bool IsChecksum(const OString& name) { return name.CompareNoCase(kBranchChecksum) == 0; }
 
+// Such a text would end its line, and what follows would be read as lines of their own.
+bool HasLineEnd(const std::vector<uint8_t>& text) {
+  for (size_t i = 0; i + 1 < text.size(); i += sizeof(char16_t)) {
+    if (text[i + 1] == 0 && (text[i] == '\r' || text[i] == '\n')) return true;
+  }
+  return false;
+}
+
 bool ReadBranchValue(platform::KeyHandle key, const OString& name, BranchValue* value) {
   int size = 0;
   if (!platform::GetValueSize(key, name.GetWide(), &size)) return false;
@@ -27,6 +35,7 @@ bool ReadBranchValue(platform::KeyHandle key, const OString& name, BranchValue* 
   if (platform::ReadValue(key, name.GetWide(), buffer, size, &value->Type) != size) return false;
   switch (value->Type) {
     case platform::kValueString:
+      return size <= kLongestText && !HasLineEnd(value->Data);
     case platform::kValueMultiString:
       return size <= kLongestText;
     case platform::kValueDword:
@@ -121,7 +130,10 @@ bool ORegistry::ImportBranch(const OStringArray& lines, uint32_t flags) {
       inSection = false;
       continue;
     }
-    if (pending.empty()) isBytes = IsBytesValue(line.Text);
+    if (pending.empty()) {
+      if (!BeginsValue(line.Text)) continue;
+      isBytes = IsBytesValue(line.Text);
+    }
     pending += line.Text;
     if (line.Text.ends_with(u',') || (line.IsBroken && isBytes)) continue;
     ImportValue(pending);

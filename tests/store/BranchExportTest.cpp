@@ -182,6 +182,14 @@ TEST_F(BranchExport, LineIsBrokenOnlyBeforeAByte) {
   EXPECT_EQ((TextLines{"\"V" + std::string(69, 'n') + "\"=hex:\\", "  01", ""}), ExportedValues());
 }
 
+// What stands behind the line end would be read as a line of its own.
+TEST_F(BranchExport, TextsOfMoreThanOneLineDoNotTravel) {
+  Registry.WriteString(At("a"), "one\r\n[-HKEY_CURRENT_USER\\SOFTWARE]");
+  Registry.WriteString(At("b"), "one\ntwo");
+  Registry.WriteString(At("c"), "one");
+  EXPECT_EQ((std::vector<std::string>{"\"c\"=\"one\"", ""}), ExportedValues());
+}
+
 TEST_F(BranchExport, TextsAndListsAbove8192BytesDoNotTravel) {
   const std::u16string text(4095, u'x');
   const std::u16string longer(4096, u'x');

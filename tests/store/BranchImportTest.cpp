@@ -109,6 +109,12 @@ TEST_F(BranchImport, LineThatIsNoValueIsDropped) {
   EXPECT_EQ("z", Values());
 }
 
+// A comma at its end does not make it the beginning of the next one.
+TEST_F(BranchImport, LineThatIsNoValueTakesNoOtherWithIt) {
+  ImportValues({"garbage,", "\"b\"=\"x\""});
+  EXPECT_EQ("b", Values());
+}
+
 TEST_F(BranchImport, MissingDigitsReadAsZero) {
   ImportValues({"\"a\"=dword:", "\"b\"=dword:1", "\"c\"=dword:123", "\"d\"=hex:", "\"e\"=hex:1,2",
                 "\"f\"=hex:1,,03", "\"g\"=dword:123456789"});
