@@ -1,5 +1,6 @@
 #include "fonts/BarCodeChoices.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 #include "core/MulDivRound.h"
@@ -10,8 +11,6 @@ namespace ostvt {
 namespace {
 
 constexpr uint32_t kFindsItsOwnSize = 0x100000;  // DataMatrix
-constexpr uint32_t kEncodesByItself = 0x2;       // Code128
-constexpr uint16_t kNoOption2 = 5;               // what Option 1 of Code128 then is
 
 constexpr int32_t kDefaultMessage = 1600;
 constexpr int32_t kFirstRatioMessage = 1601;
@@ -20,8 +19,6 @@ constexpr int32_t kLastRatio = 300;
 constexpr int32_t kRatioStep = 10;
 constexpr int32_t kHundred = 100;
 constexpr uint32_t kBarsPerInch = 16;  // the widest bar is an inch by this
-
-constexpr uint16_t kCodabar = 4;
 
 uint32_t FlagsOf(uint16_t symbology, const CapabilitiesData& capabilities) {
   return symbology < kSymbologyRows ? capabilities.Rows[symbology].Flags : 0;
@@ -49,7 +46,9 @@ void ListRatios(const BarCodeFont& font, const CapabilitiesData& capabilities,
   choices->clear();
   const uint16_t symbology = font.GetSymbology();
   const int32_t narrowBar = font.IsMatrix() ? 0 : font.Linear.NarrowBar;
-  if (narrowBar == 0 || !RuleOfSymbology(symbology).OffersRatio) return;
+  if (narrowBar == 0 || font.Header.Resolution == 0 || !RuleOfSymbology(symbology).OffersRatio) {
+    return;
+  }
   const uint32_t flags = FlagsOf(symbology, capabilities);
   choices->push_back({0, kDefaultMessage});
   for (int32_t ratio = kFirstRatio; ratio <= kLastRatio; ratio += kRatioStep) {
@@ -76,6 +75,14 @@ bool HasBarChoice(uint16_t symbology) { return RuleOfSymbology(symbology).FixedB
 
 void ChooseSymbology(BarCodeFont* font, uint16_t symbology, const CapabilitiesData& capabilities) {
   font->SetSymbology(symbology);
+  std::vector<uint16_t> values;
+  for (const BarCodeField field : kBarCodeFields) {
+    ListFieldValues(*font, field, capabilities, &values);
+    const uint16_t value = GetBarCodeField(*font, field);
+    if (!values.empty() && std::find(values.begin(), values.end(), value) == values.end()) {
+      SetBarCodeField(font, field, values.front());
+    }
+  }
   ApplyFixedSettings(font, capabilities);
 }
 

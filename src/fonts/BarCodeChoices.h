@@ -22,7 +22,7 @@ struct RatioChoice {
   int32_t Message;
 };
 // The default, then those that the font's narrow bar makes well enough. Empty for a symbology
-// without a choice of ratio, and for a bar of no width.
+// without a choice of ratio, for a bar of no width and for a resolution of 0.
 void ListRatios(const BarCodeFont& font, const CapabilitiesData& capabilities,
                 std::vector<RatioChoice>* choices);
 // The last one that isn't above `ratio`; -1 in an empty list.
@@ -32,13 +32,14 @@ int32_t FindRatio(const std::vector<RatioChoice>& choices, int32_t ratio);
 uint32_t LargestNarrowBar(uint32_t resolution);
 bool HasBarChoice(uint16_t symbology);
 
-// SetSymbology, then what the symbology and the model leave no choice in.
+// SetSymbology, then for each field whose value isn't offered the first one that is, then what the
+// symbology and the model leave no choice in.
 void ChooseSymbology(BarCodeFont* font, uint16_t symbology, const CapabilitiesData& capabilities);
 // After each edit.
 void ApplyFixedSettings(BarCodeFont* font, const CapabilitiesData& capabilities);
 
-// The values of a field that the font, with all else as it is, can be printed with. Empty for a
-// field without a list.
+// The values that the model prints in a field of the font's symbology, whatever its other fields
+// are. Empty for a field without a list, and for one that the model leaves no choice in.
 void ListFieldValues(const BarCodeFont& font, BarCodeField field,
                      const CapabilitiesData& capabilities, std::vector<uint16_t>* values);
 // As it is shown: a word, a letter or a number.

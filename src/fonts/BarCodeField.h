@@ -23,6 +23,13 @@ enum class BarCodeField : uint8_t {
   kHighPriority,
 };
 
+inline constexpr BarCodeField kBarCodeFields[] = {
+    BarCodeField::kWord0,   BarCodeField::kWord1,      BarCodeField::kWord2,
+    BarCodeField::kWord3,   BarCodeField::kWord4,      BarCodeField::kWord5,
+    BarCodeField::kWord6,   BarCodeField::kWord7,      BarCodeField::kOption1,
+    BarCodeField::kOption2, BarCodeField::kSupplement, BarCodeField::kHighPriority,
+};
+
 // 0 for a field that the font's kind doesn't have.
 uint16_t GetBarCodeField(const BarCodeFont& font, BarCodeField field);
 // Does nothing for a field that the font's kind doesn't have.

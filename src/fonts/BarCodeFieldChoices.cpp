@@ -1,5 +1,4 @@
 // The fields that the editor shows for each symbology.
-#include <memory>
 #include <span>
 
 #include "fonts/BarCodeChoices.h"
@@ -31,11 +30,16 @@ constexpr uint16_t kLevels[] = {0, 10, 40, 50, 60, 70, 80, 90, 100, 110, 120, 13
 constexpr uint16_t kAutomaticMask[] = {9};
 constexpr uint16_t kCorrections[] = {'L', 'M', 'Q', 'H'};
 constexpr uint16_t kModes[] = {0, 'A', 'K', 'B', 'M'};
+constexpr uint16_t kSupplements[] = {0, 2, 5, 65535};
 
 constexpr FieldList kLists[] = {
     {3, Field::kOption1, Shown::kCode128, kEncodings, 1, 0, 0},
     {4, Field::kOption1, Shown::kLetter, {}, 'a', 'd'},
     {4, Field::kOption2, Shown::kLetter, {}, 'a', 'd'},
+    {7, Field::kSupplement, Shown::kNumber, kSupplements},
+    {8, Field::kSupplement, Shown::kNumber, kSupplements},
+    {9, Field::kSupplement, Shown::kNumber, kSupplements},
+    {10, Field::kSupplement, Shown::kNumber, kSupplements},
     {14, Field::kWord1, Shown::kVersion, {}, 0, 14, 0},
     {15, Field::kWord1, Shown::kNumber, kAutomaticLevel, 0, 8, kAutomatic},
     {15, Field::kWord3, Shown::kNumber, {}, 0, 30, 0},
@@ -56,15 +60,16 @@ constexpr FieldList kLists[] = {
     {37, Field::kWord4, Shown::kLetter, kModes, 1, 0, 0},
 };
 
-// On or off, where the symbology's flags have the bit; 0: on every model.
+// On or off, where the symbology's flags have the needed bit, if any, and not the barring one.
 struct FieldSwitch {
   uint16_t Symbology;
   Field Of;
-  uint32_t Flag;
+  uint32_t Needed;
+  uint32_t Barring = 0;
 };
 constexpr FieldSwitch kSwitches[] = {
-    {3, Field::kOption2, 0},         {15, Field::kWord2, 0},    {28, Field::kWord2, 0},
-    {16, Field::kWord4, 0x4000},     {17, Field::kWord2, 0x20}, {17, Field::kWord3, 0x40},
+    {3, Field::kOption2, 0},         {15, Field::kWord2, 0, 0x1}, {28, Field::kWord2, 0},
+    {16, Field::kWord4, 0x4000},     {17, Field::kWord2, 0x20},   {17, Field::kWord3, 0x40},
     {21, Field::kHighPriority, 0x1},
 };
 
@@ -72,6 +77,7 @@ constexpr int32_t kAutomaticMessage = 1600;
 constexpr int32_t kFirstSubsetMessage = 1662;
 constexpr uint16_t kFirstSubset = 2;
 constexpr uint16_t kLastSubset = 4;
+constexpr uint16_t kLastEncoding = 5;
 constexpr int32_t kLastEncodingMessage = 1992;
 constexpr const char* kVersions[] = {"",  "A",   "B",   "C",   "D",   "E",   "F",  "G",
                                      "H", "S10", "S20", "S30", "T16", "T32", "T48"};
@@ -83,16 +89,12 @@ const FieldList* ListOf(uint16_t symbology, Field field) {
   return nullptr;
 }
 
-bool IsPrintableWith(BarCodeFont* font, Field field, uint16_t value,
-                     const CapabilitiesData& capabilities) {
-  SetBarCodeField(font, field, value);
-  return IsPrintable(*font, capabilities);
-}
-
 OString Code128Text(uint16_t value, const MessageTexts& texts) {
-  const bool isSubset = value >= kFirstSubset && value <= kLastSubset;
-  return texts.GetMessage(isSubset ? kFirstSubsetMessage + value - kFirstSubset
-                                   : kLastEncodingMessage);
+  if (value >= kFirstSubset && value <= kLastSubset) {
+    return texts.GetMessage(kFirstSubsetMessage + value - kFirstSubset);
+  }
+  return value == kLastEncoding ? texts.GetMessage(kLastEncodingMessage)
+                                : OString::FromInt(value, 1);
 }
 
 OString LetterText(uint16_t value) {
@@ -105,12 +107,12 @@ OString LetterText(uint16_t value) {
 void ListFieldValues(const BarCodeFont& font, BarCodeField field,
                      const CapabilitiesData& capabilities, std::vector<uint16_t>* values) {
   values->clear();
-  const FieldList* list = ListOf(font.GetSymbology(), field);
-  if (!list) return;
-  const std::unique_ptr<DataFont> copy = font.Clone();
-  auto* trial = static_cast<BarCodeFont*>(copy.get());
+  const uint16_t symbology = font.GetSymbology();
+  const FieldList* list = ListOf(symbology, field);
+  if (!list || RuleOfSymbology(symbology).Kind != font.Header.Kind) return;
+  if (symbology == kCode128 && (capabilities.Rows[symbology].Flags & kEncodesByItself) != 0) return;
   const auto offer = [&](uint16_t value) {
-    if (IsPrintableWith(trial, field, value, capabilities)) values->push_back(value);
+    if (IsValuePrintable(symbology, field, value, capabilities)) values->push_back(value);
   };
   for (const uint16_t value : list->Values) offer(value);
   for (uint32_t value = list->First; value <= list->Last; ++value) {
@@ -137,9 +139,12 @@ OString FieldValueText(uint16_t symbology, BarCodeField field, uint16_t value,
 bool HasFieldSwitch(const BarCodeFont& font, BarCodeField field,
                     const CapabilitiesData& capabilities) {
   const uint16_t symbology = font.GetSymbology();
+  if (RuleOfSymbology(symbology).Kind != font.Header.Kind) return false;
   for (const FieldSwitch& each : kSwitches) {
     if (each.Symbology != symbology || each.Of != field) continue;
-    return each.Flag == 0 || (capabilities.Rows[symbology].Flags & each.Flag) != 0;
+    if (symbology == kCode128 && font.Linear.Option1 == kNoOption2) return false;
+    const uint32_t flags = capabilities.Rows[symbology].Flags;
+    return (each.Needed == 0 || (flags & each.Needed) != 0) && (flags & each.Barring) == 0;
   }
   return false;
 }

@@ -10,6 +10,7 @@ namespace {
 constexpr int32_t kMilsPerInch = 1000;
 constexpr int32_t kDefaultHeightMils = 65;
 constexpr int32_t kDefaultBarMils = 15;
+constexpr int32_t kLargestHeight = 9999;
 
 // A resolution from outside may be any number; one that isn't a resolution gives 0.
 int32_t ResolutionOf(const DataFontHeader& header) {
@@ -49,7 +50,8 @@ int32_t BarCodeFont::GetHeightMils() const {
 }
 
 void BarCodeFont::SetHeightMils(int32_t mils) {
-  if (!IsMatrix()) Linear.Height = static_cast<uint32_t>(ToDots(mils, Header));
+  if (IsMatrix()) return;
+  Linear.Height = static_cast<uint32_t>(std::min(ToDots(mils, Header), kLargestHeight));
 }
 
 int32_t BarCodeFont::GetNarrowBarMils() const {
@@ -62,11 +64,18 @@ void BarCodeFont::SetNarrowBarMils(int32_t mils) {
 }
 
 void BarCodeFont::Rescale(uint32_t resolution) {
+  if (Header.Resolution == resolution) return;
   const int32_t height = GetHeightMils();
   const int32_t narrowBar = GetNarrowBarMils();
+  const bool hadBar =
+      (IsMatrix() ? Matrix.NarrowBar : Linear.NarrowBar) > 0 && ResolutionOf(Header) > 0;
   Header.Resolution = resolution;
   SetHeightMils(height);
   SetNarrowBarMils(narrowBar);
+  const uint16_t dots = IsMatrix() ? Matrix.NarrowBar : Linear.NarrowBar;
+  // A bar too fine for the resolution is still a bar.
+  if (dots > 0 || !hadBar || ResolutionOf(Header) == 0) return;
+  (IsMatrix() ? Matrix.NarrowBar : Linear.NarrowBar) = 1;
 }
 
 }  // namespace ostvt

@@ -23,7 +23,8 @@ class BarCodeFont : public DataFont {
 
   bool IsMatrix() const { return Header.Kind == kDataFontMatrix; }
   // Dots of the stored resolution become those of `resolution` that are as long: the height of a
-  // linear code and the narrow bar.
+  // linear code and the narrow bar, of which at least one dot is left. Nothing changes if that is
+  // the stored resolution.
   void Rescale(uint32_t resolution);
 
   uint16_t GetSymbology() const { return IsMatrix() ? Matrix.Symbology : Linear.Symbology; }
@@ -34,14 +35,14 @@ class BarCodeFont : public DataFont {
   void SetRotation(uint16_t quarterTurns);
   int32_t GetNarrowBarMils() const;
   void SetNarrowBarMils(int32_t mils);
-  int32_t GetHeightMils() const;  // 0 for a matrix code, which has none
-  void SetHeightMils(int32_t mils);
+  int32_t GetHeightMils() const;     // 0 for a matrix code, which has none
+  void SetHeightMils(int32_t mils);  // at most 9999 dots
   // Wide bars in hundredths of narrow ones; 0: as the model does it, and in a matrix code.
   int32_t GetRatio() const;
   void SetRatio(int32_t hundredths);
   uint16_t GetHumanReadable() const;
   void SetHumanReadable(uint16_t choice);
-  // The model can print it.
+  // The model can print it; false for null.
   bool IsValidFor(PrinterModel* model) const;
 
   // By the header's kind.

@@ -1,12 +1,9 @@
 #include "fonts/BarCodeRules.h"
 
-#include "fonts/BarCodeField.h"
 #include "fonts/SymbologyRules.h"
 
 namespace ostvt {
 namespace {
-
-constexpr uint16_t kFirstWithRules = 3;
 
 enum class Demand { kAnyOf, kNoneOf };
 using Field = BarCodeField;
@@ -116,24 +113,33 @@ constexpr uint32_t kAllRatios = 0xFFF000;
 
 }  // namespace
 
+bool IsValuePrintable(uint16_t symbology, BarCodeField field, uint16_t value,
+                      const CapabilitiesData& capabilities) {
+  if (symbology >= kSymbologyRows) return true;
+  if (capabilities.Rows[symbology].Present == 0) return false;
+  bool isClosed = false;
+  bool isListed = false;
+  for (const ValueRule& rule : kValueRules) {
+    if (rule.Symbology != symbology || rule.Of != field) continue;
+    isClosed |= IsClosed(rule);
+    if (value < rule.First || value > rule.Last) continue;
+    if (!IsMet(rule, capabilities)) return false;
+    isListed = true;
+  }
+  return isListed || !isClosed;
+}
+
 bool IsPrintable(const BarCodeFont& font, const CapabilitiesData& capabilities) {
   const uint16_t symbology = font.GetSymbology();
   if (symbology >= kSymbologyRows) return true;
   if (capabilities.Rows[symbology].Present == 0) return false;
   if (RuleOfSymbology(symbology).Kind != font.Header.Kind) return false;
-  if (symbology < kFirstWithRules) return true;
-  bool hasClosed = false;
-  bool isListed = false;
-  for (const ValueRule& rule : kValueRules) {
-    if (rule.Symbology != symbology) continue;
-    const bool isClosed = IsClosed(rule);
-    hasClosed |= isClosed;
-    const uint16_t value = GetBarCodeField(font, rule.Of);
-    if (value < rule.First || value > rule.Last) continue;
-    if (!IsMet(rule, capabilities)) return false;
-    isListed |= isClosed;
+  for (const BarCodeField field : kBarCodeFields) {
+    if (!IsValuePrintable(symbology, field, GetBarCodeField(font, field), capabilities)) {
+      return false;
+    }
   }
-  return isListed || !hasClosed;
+  return true;
 }
 
 bool IsRatioAllowed(int32_t narrowBar, int32_t wideBar, uint32_t flags) {

@@ -8,16 +8,16 @@
 namespace ostvt {
 
 bool BarCodeFont::IsValidFor(PrinterModel* model) const {
-  return IsPrintable(*this, *model->GetCapabilities());
+  return model && IsPrintable(*this, *model->GetCapabilities());
 }
 
 bool RFIDFont::IsValidFor(PrinterModel* model) const {
-  return IsWritableTag(Body.TagType, *model->GetRfidCapabilities());
+  return model && IsWritableTag(Body.TagType, *model->GetRfidCapabilities());
 }
 
 void RFIDFont::Normalise(PrinterModel* model) {
   Header.Flags |= kDataFontOption;
-  NormaliseTag(&Body, *model->GetRfidCapabilities());
+  if (model) NormaliseTag(&Body, *model->GetRfidCapabilities());
 }
 
 void RFIDFont::SetTagType(uint32_t bit, PrinterModel* model) {

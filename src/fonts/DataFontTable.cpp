@@ -30,7 +30,7 @@ bool Write(ORegistry& store, const OString& key, const DataFont& font) {
   Buffer blob;
   font.GetBlob(&blob);
   const auto size = static_cast<int32_t>(blob.Size);
-  const bool done = store.WriteString(key + kName, font.GetName());
+  const bool done = WriteFontText(store, key + kName, font.GetName());
   return store.WriteBinary(key + kData, blob.Data, size) == size && done;
 }
 

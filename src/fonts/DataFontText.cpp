@@ -8,6 +8,7 @@
 #include "fonts/DataFontTable.h"
 #include "fonts/FontText.h"
 #include "fonts/RFIDFont.h"
+#include "fonts/SymbologyRules.h"
 #include "model/PrinterModel.h"
 
 namespace ostvt {
@@ -38,9 +39,19 @@ int32_t WriteFonts(OStream& stream, const DataFontTable& table, const char* kind
   return count;
 }
 
+// Codabar's start and stop, kept in lower case alone.
+uint16_t StartStopOf(uint16_t code) {
+  if (code >= 'A' && code <= 'D') return static_cast<uint16_t>(code - 'A' + 'a');
+  return code >= 'a' && code <= 'd' ? code : uint16_t{'a'};
+}
+
 // What all that comes from outside passes through. False if the model can't use it.
 bool TakeIn(DataFontTable* table, std::unique_ptr<BarCodeFont> font, PrinterModel* model) {
   if (!font->IsValidFor(model)) return false;
+  if (font->GetSymbology() == kCodabar) {
+    font->Linear.Option1 = StartStopOf(font->Linear.Option1);
+    font->Linear.Option2 = StartStopOf(font->Linear.Option2);
+  }
   font->Rescale(model->GetDefaultResolutionX());
   table->AddOrReplace(std::move(font));
   return true;
@@ -65,7 +76,10 @@ class Reader : public FontTextSink {
       uint8_t blob[kRfidBlobSize];
       uint32_t size = sizeof(blob);
       if (UnpackText(value, blob, &size) && size == Record->GetBlobSize()) {
-        Record->SetBlob(blob, size);
+        // A short body leaves the rest as it is: that must not be an earlier line's.
+        auto fresh = std::make_unique<Font>();
+        fresh->SetName(Record->GetName());
+        if (fresh->SetBlob(blob, size)) Record = std::move(fresh);
       }
     }
   }

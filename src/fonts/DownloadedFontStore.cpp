@@ -34,6 +34,10 @@ std::unique_ptr<DownloadedFont> Read(const ORegistry& store, const OString& path
   auto font = std::make_unique<DownloadedFont>();
   FontInfo& info = font->Info;
   if (store.ReadBinary(path + "FontInfo", &info, sizeof(info)) != sizeof(info)) return nullptr;
+  // Others may have stored a request, or texts that fill their fields.
+  info.Request = kFontRequestNone;
+  info.FullName[63] = 0;
+  info.FileId[63] = info.FileName[63] = info.FilePath[63] = 0;
   font->Type = ReadWord(store, path + "Type", font->Type);
   font->Status = ReadWord(store, path + "Status", font->Status);
   if (font->Status == kDownloadedTransient) font->Status = kDownloadedNormal;
@@ -51,14 +55,16 @@ std::unique_ptr<DownloadedFont> Read(const ORegistry& store, const OString& path
 
 bool Write(ORegistry& store, const OString& path, const DownloadedFont& font) {
   const uint16_t status = font.Status == kDownloadedTransient ? kDownloadedNormal : font.Status;
+  FontInfo info = font.Info;
+  info.Request = kFontRequestNone;
   bool done = store.WriteDword(path + "Type", font.Type);
   done = store.WriteDword(path + "Status", status) && done;
-  done = store.WriteBinary(path + "FontInfo", &font.Info, sizeof(font.Info)) ==
-             static_cast<int32_t>(sizeof(font.Info)) &&
+  done = store.WriteBinary(path + "FontInfo", &info, sizeof(info)) ==
+             static_cast<int32_t>(sizeof(info)) &&
          done;
   done = store.WriteByte(path + "Italic", font.Italic) && done;
   done = store.WriteDword(path + "Weight", font.Weight) && done;
-  done = store.WriteString(path + "Face Name", font.FaceName) && done;
+  done = WriteFontText(store, path + "Face Name", font.FaceName) && done;
   done = store.WriteByte(path + "Character Set", font.CharacterSet) && done;
   if (!font.IsBitmap()) return done;
   done = store.WriteDword(path + "Point Size", font.PointSize) && done;

@@ -131,6 +131,7 @@ class Reader : public FontTextSink {
     } else if (key == "ScaleFactor") {
       Font->ScaleFactor = ParseFreePercent(value);
     } else if (key == "EncodingTable") {
+      SetEncodingTable(&Font->EncodingTable, "", 0);  // what stays of a value that is none
       ParseEncodingTable(value, &Font->EncodingTable);
     }
   }

@@ -42,7 +42,7 @@ void EncodingSettings::RestoreDefaults(PrinterModel* model) {
 bool EncodingSettings::Save(PrinterModel* model) {
   if (!model) return false;
   PrinterRegistry& store = model->GetStore();
-  bool done = store.WriteInt(kSelectLogic, CodePageSelectLogic);
+  bool done = store.WriteInt(kSelectLogic, CodePageSelectLogic == 1 ? 1 : 0);
   const uint32_t signature = Signature();
   if (signature == LoadedSignature) return done;
   OStringArray ownList;

@@ -47,8 +47,8 @@ std::unique_ptr<FontMapping> Read(const ORegistry& store, uint16_t kind, const O
 }
 
 bool Write(ORegistry& store, const OString& key, const FontMapping& mapping) {
-  bool done = store.WriteString(key + "Source Name", mapping.Name);
-  done = store.WriteString(key + "Target Name", mapping.Target) && done;
+  bool done = WriteFontText(store, key + "Source Name", mapping.Name);
+  done = WriteFontText(store, key + "Target Name", mapping.Target) && done;
   done = WriteRatio(store, key + "Scale X", mapping.ScaleX) && done;
   done = WriteRatio(store, key + "Scale Y", mapping.ScaleY) && done;
   if (mapping.Kind == kFontAlias) {

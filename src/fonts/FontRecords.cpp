@@ -12,6 +12,7 @@ namespace {
 
 constexpr int32_t kLargestBlob = 65536;
 constexpr size_t kLongestKey = 255;  // what the store takes, in 16-bit units
+constexpr int kLongestText = 4095;   // what its readers take with a NUL
 
 bool IsLess(const OString& a, const OString& b) { return a.Compare(b) < 0; }
 
@@ -52,6 +53,15 @@ void ReadEncodingTable(const ORegistry& store, const OString& path, WordArray* t
 bool WriteEncodingTable(ORegistry& store, const OString& path, const WordArray& table) {
   const auto size = static_cast<int32_t>(EncodingTableSize(table));
   return store.WriteBinary(path, table.Data, size) == size;
+}
+
+bool WriteFontText(ORegistry& store, const OString& path, const OString& text) {
+  std::u16string_view wide = text.GetWide();
+  if (wide.size() <= size_t{kLongestText}) return store.WriteString(path, text);
+  const bool splitsPair = (wide[kLongestText - 1] & 0xFC00) == 0xD800;
+  OString cut;
+  cut.AssignCount(wide.data(), kLongestText - (splitsPair ? 1 : 0));
+  return store.WriteString(path, cut);
 }
 
 OString EncodingTableText(const WordArray& table) {

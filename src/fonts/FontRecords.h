@@ -37,6 +37,8 @@ void SetEncodingTable(WordArray* table, const void* bytes, uint32_t size);
 // Leaves `table` as it is if there is no such value.
 void ReadEncodingTable(const ORegistry& store, const OString& path, WordArray* table);
 bool WriteEncodingTable(ORegistry& store, const OString& path, const WordArray& table);
+// Cut to what the store's readers take.
+bool WriteFontText(ORegistry& store, const OString& path, const OString& text);
 // As one line of text; what isn't such a line leaves `table` as it is.
 OString EncodingTableText(const WordArray& table);
 void ParseEncodingTable(const OString& text, WordArray* table);

@@ -149,7 +149,8 @@ uint32_t ParsePoints(const OString& text) {
 }
 
 OString LocationText(uint32_t location) {
-  if (location >= 32 && location <= 127) return OString(static_cast<char>(location));
+  // A blank would be lost at the end of its line.
+  if (location > 32 && location <= 127) return OString(static_cast<char>(location));
   return OString::HexOf(location);
 }
 

@@ -27,7 +27,7 @@ uint32_t ParseFreePercent(const OString& text);
 OString PointText(uint32_t tenths);
 uint32_t ParsePoints(const OString& text);
 
-// A storage location's code: its character if it is one of 32 to 127, else eight digits.
+// A storage location's code: its character if it is one of 33 to 127, else eight digits.
 OString LocationText(uint32_t location);
 uint32_t ParseLocation(const OString& text);
 

@@ -43,7 +43,7 @@ void Read(const ORegistry& store, const OString& key, OptionalFont* font) {
 bool WriteCustom(ORegistry& store, const OString& key, const OptionalFont& font) {
   bool done = store.WriteDword(key + "Code Page", font.CodePage);
   done = store.WriteDword(key + "Source Code Page", font.SourceCodePage) && done;
-  done = store.WriteString(key + "Screen Font", font.ScreenFont) && done;
+  done = WriteFontText(store, key + "Screen Font", font.ScreenFont) && done;
   done = store.WriteByte(key + "Italic", font.Italic) && done;
   done = store.WriteDword(key + "Weight", font.Weight) && done;
   done = store.WriteDword(key + "Nominal Width", font.NominalWidth) && done;
@@ -56,15 +56,15 @@ bool WriteCustom(ORegistry& store, const OString& key, const OptionalFont& font)
 }
 
 bool Write(ORegistry& store, const OString& key, const OptionalFont& font) {
-  bool done = store.WriteString(key + "Name", font.Name);
-  done = store.WriteString(key + "Provider", font.Provider) && done;
+  bool done = WriteFontText(store, key + "Name", font.Name);
+  done = WriteFontText(store, key + "Provider", font.Provider) && done;
   done = store.WriteDword(key + "Type", font.Type) && done;
   done = store.WriteDword(key + "Category", font.Category) && done;
-  done = store.WriteString(key + "Description", font.Description) && done;
-  done = store.WriteString(key + "Character Set", font.CharacterSet) && done;
-  done = store.WriteString(key + "File Name", font.FileName) && done;
-  done = store.WriteString(key + "Font ID", font.FontId) && done;
-  done = store.WriteString(key + "Font Group", font.FontGroup) && done;
+  done = WriteFontText(store, key + "Description", font.Description) && done;
+  done = WriteFontText(store, key + "Character Set", font.CharacterSet) && done;
+  done = WriteFontText(store, key + "File Name", font.FileName) && done;
+  done = WriteFontText(store, key + "Font ID", font.FontId) && done;
+  done = WriteFontText(store, key + "Font Group", font.FontGroup) && done;
   done = store.WriteDword(key + "Location", font.Location) && done;
   return font.IsCustom() ? WriteCustom(store, key, font) && done : done;
 }

@@ -102,7 +102,8 @@ std::vector<RfidTagChoice> ReadRfidTags(const void* block, uint32_t size) {
   const Answer answer(block, size);
   std::vector<RfidTagChoice> tags;
   answer.ForEach<TagEntry>([&](const TagEntry& entry) {
-    if (answer.Has(entry.NameOffset)) tags.push_back({entry.Bit, answer.TextAt(entry.NameOffset)});
+    if (entry.Bit == 0 || !answer.Has(entry.NameOffset)) return;
+    tags.push_back({entry.Bit, answer.TextAt(entry.NameOffset)});
   });
   return tags;
 }

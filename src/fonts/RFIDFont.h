@@ -27,9 +27,10 @@ class RFIDFont : public DataFont {
   void SetFormat(uint32_t format, const OString& defaultText = OString());
   OString GetCustomFormat() const;
   void SetCustomFormat(const OString& text);  // 127 bytes of it
-  // The model can write its kind of tag.
+  // The model can write its kind of tag; false for null.
   bool IsValidFor(PrinterModel* model) const;
-  // Brings the record to what the model can write: its tags, formats, blocks and segments.
+  // Brings the record to what the model can write: its tags, formats, blocks and segments. Null
+  // leaves those as they are.
   void Normalise(PrinterModel* model);
 
   RfidBody Body = {};

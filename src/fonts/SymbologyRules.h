@@ -9,11 +9,15 @@
 namespace ostvt {
 
 inline constexpr uint16_t kCode128 = 3;
+inline constexpr uint16_t kCodabar = 4;
 inline constexpr uint16_t kSupplemental2 = 11;
 inline constexpr uint16_t kSupplemental5 = 12;
 inline constexpr uint16_t kDataMatrix = 16;
 
 inline constexpr uint16_t kAutomatic = 65535;
+
+inline constexpr uint32_t kEncodesByItself = 0x2;  // Code128's flag: Option 1 is no choice
+inline constexpr uint16_t kNoOption2 = 5;          // with this as its Option 1 it has no Option 2
 
 struct SymbologyRule {
   uint32_t Kind;           // kDataFontLinear, kDataFontMatrix

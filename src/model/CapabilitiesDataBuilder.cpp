@@ -110,9 +110,11 @@ void BuildCapabilitiesData(ModelDefinition* definition, CapabilitiesData* record
   builder.ReadDrawing();
   definition->SelectContext(Context::kMethod);
   builder.ReadMethod();
-  definition->SelectContext(Context::kBarCode);
-  for (int32_t number = 0; number < kSymbologyRows; ++number) {
-    ReadSymbology(definition, number, &record->Rows[number]);
+  if (HasLink(definition, "BarCode")) {
+    definition->SelectContext(Context::kBarCode);
+    for (int32_t number = 0; number < kSymbologyRows; ++number) {
+      ReadSymbology(definition, number, &record->Rows[number]);
+    }
   }
   definition->SelectContext(Context::kFont);
   builder.ReadDefaultFont("DefaultFont.Text", &record->DefaultFonts[kDefaultFontText]);

@@ -143,6 +143,7 @@ void BuildRfidCapabilities(ModelDefinition* definition, RfidCapabilities* record
   record->RecordSize = sizeof record->Records[0];
   record->FirstRecord = offsetof(RfidCapabilities, Records);
   record->RecordCount = kRfidTagRecords;
+  if (!HasLink(definition, "RFID")) return;
   definition->SelectContext(Context::kRfid);
   Builder builder(*definition, *record);
   for (const Tag& tag : kTags) builder.Read(tag);

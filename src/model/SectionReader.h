@@ -14,6 +14,12 @@ struct WordBit {
   uint32_t Bit;
 };
 
+// The model's section names one by this key. Selects the model's section.
+inline bool HasLink(ModelDefinition* definition, const char* key) {
+  definition->SelectContext(Context::kModel);
+  return !definition->GetOverride(key).IsEmpty();
+}
+
 class SectionReader {
  protected:
   explicit SectionReader(ModelDefinition& definition) : Definition(definition) {}

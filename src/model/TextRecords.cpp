@@ -49,7 +49,11 @@ void WriteRecordLine(OStream& stream, const char* line) {
 void WriteRecordValue(OStream& stream, const char* key, const OString& value) {
   stream.WriteText(key);
   stream.WriteText("=");
-  stream.WriteString(value);
+  // A line end would end the value, and what is behind it be read as the record's.
+  OString line = value;
+  line.Replace("\r", " ");
+  line.Replace("\n", " ");
+  stream.WriteString(line);
   stream.WriteNewLine();
 }
 

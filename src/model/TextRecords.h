@@ -39,7 +39,7 @@ class TextRecordReader {
   bool IsInside = false;
 };
 
-// "line" and "key=value", each with its line end.
+// "line" and "key=value", each with its line end. Line ends in a value are written as blanks.
 void WriteRecordLine(OStream& stream, const char* line);
 void WriteRecordValue(OStream& stream, const char* key, const OString& value);
 

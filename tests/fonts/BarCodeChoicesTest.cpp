@@ -81,6 +81,14 @@ TEST(BarCodeChoices, RatiosAreOfferedForFiveSymbologiesAndBarsOfSomeWidth) {
   }
 }
 
+TEST(BarCodeChoices, ResolutionOf0OffersNoRatio) {
+  BarCodeFont font;
+  font.Header.Resolution = 0;
+  std::vector<RatioChoice> choices = {{0, 1600}};
+  ListRatios(font, Model(), &choices);
+  EXPECT_TRUE(choices.empty());
+}
+
 TEST(BarCodeChoices, RatioMessagesAndSelection) {
   std::unique_ptr<BarCodeFont> font;
   Made(&font, 0)->Linear.NarrowBar = 3;
@@ -136,7 +144,7 @@ TEST(BarCodeChoices, Code128OptionsThatLeaveNoChoice) {
 TEST(BarCodeChoices, FieldsOfEachSymbology) {
   using List = std::vector<uint16_t>;
   EXPECT_EQ((List{0, 2, 3, 4, 5}), Values(3, Field::kOption1, 0));
-  EXPECT_EQ((List{0, 4}), Values(3, Field::kOption1, 0x2));
+  EXPECT_TRUE(Values(3, Field::kOption1, 0x2).empty());  // automatic only
   EXPECT_EQ((List{97, 98, 99, 100}), Values(4, Field::kOption2, 0));
   EXPECT_EQ((List{65535, 0, 1, 2, 3, 4, 5, 6, 7, 8}), Values(15, Field::kWord1, 0));
   EXPECT_EQ(31u, Values(15, Field::kWord3, 0).size());
@@ -156,9 +164,49 @@ TEST(BarCodeChoices, FieldsOfEachSymbology) {
   EXPECT_TRUE(Values(15, Field::kWord0, 0).empty());
 }
 
+TEST(BarCodeChoices, SupplementsThatTheModelAttaches) {
+  using List = std::vector<uint16_t>;
+  std::unique_ptr<BarCodeFont> font;
+  List values;
+  for (uint16_t number = 0; number < 38; ++number) {
+    CapabilitiesData record = Model();
+    const bool has = number >= 7 && number <= 10;
+    ListFieldValues(*Made(&font, number), Field::kSupplement, record, &values);
+    EXPECT_EQ(has ? List{0} : List{}, values) << number;
+    record.Rows[12].Flags = 0x1;
+    ListFieldValues(*font, Field::kSupplement, record, &values);
+    EXPECT_EQ(has ? (List{0, 5}) : List{}, values) << number;
+    record.Rows[11].Flags = 0x10;
+    ListFieldValues(*font, Field::kSupplement, record, &values);
+    EXPECT_EQ(has ? (List{0, 2, 5, 65535}) : List{}, values) << number;
+  }
+}
+
+TEST(BarCodeChoices, InvalidFieldLeavesTheListsOfOthers) {
+  std::unique_ptr<BarCodeFont> font;
+  Made(&font, 18)->Matrix.Words[2] = 3;  // a mask by hand; model 2
+  std::vector<uint16_t> values;
+  ListFieldValues(*font, Field::kWord1, Model(0x1, 18), &values);
+  EXPECT_EQ((std::vector<uint16_t>{1}), values);
+  ListFieldValues(*font, Field::kWord2, Model(0x1, 18), &values);
+  EXPECT_EQ((std::vector<uint16_t>{9}), values);
+}
+
+TEST(BarCodeChoices, FontOfAnotherKindThanItsSymbologysIsOfferedNothing) {
+  BarCodeFont font;
+  font.Linear.Symbology = 18;
+  std::vector<uint16_t> values = {1};
+  ListFieldValues(font, Field::kWord1, Model(0x3, 18), &values);
+  EXPECT_TRUE(values.empty());
+  font.Linear.Symbology = 15;
+  EXPECT_FALSE(HasFieldSwitch(font, Field::kWord2, Model()));
+}
+
 TEST(BarCodeChoices, TextsOfFieldValues) {
   const NumberTexts texts;
   EXPECT_TRUE(FieldValueText(3, Field::kOption1, 0, texts) == "#1600");
+  EXPECT_TRUE(FieldValueText(3, Field::kOption1, 1, texts) == "1");
+  EXPECT_TRUE(FieldValueText(3, Field::kOption1, 6, texts) == "6");
   EXPECT_TRUE(FieldValueText(3, Field::kOption1, 2, texts) == "#1662");
   EXPECT_TRUE(FieldValueText(3, Field::kOption1, 4, texts) == "#1664");
   EXPECT_TRUE(FieldValueText(3, Field::kOption1, 5, texts) == "#1992");
@@ -191,7 +239,11 @@ TEST(BarCodeChoices, SwitchesThatTheModelHas) {
     EXPECT_FALSE(HasFieldSwitch(*font, each.Of, Model(~each.Flag, each.Symbology)));
   }
   EXPECT_TRUE(HasFieldSwitch(*Made(&font, 3), Field::kOption2, Model()));
-  EXPECT_TRUE(HasFieldSwitch(*Made(&font, 15), Field::kWord2, Model()));
+  font->Linear.Option1 = 5;
+  EXPECT_FALSE(HasFieldSwitch(*font, Field::kOption2, Model()));
+  EXPECT_TRUE(HasFieldSwitch(*Made(&font, 15), Field::kWord2, Model(~1u, 15)));
+  EXPECT_FALSE(HasFieldSwitch(*font, Field::kWord2, Model(0x1, 15)));
+  EXPECT_TRUE(HasFieldSwitch(*Made(&font, 28), Field::kWord2, Model(0x1, 28)));
   EXPECT_FALSE(HasFieldSwitch(*Made(&font, 0), Field::kOption2, Model()));
 }
 
@@ -216,16 +268,55 @@ TEST(BarCodeChoices, CodabarKeepsItsStartAndStopOnlyAsLowerCase) {
   EXPECT_EQ(98, BlobOf(font)[128]);
 }
 
+CapabilitiesData AnyModel(std::mt19937* random) {
+  CapabilitiesData record = Model();
+  for (SymbologyCapability& row : record.Rows) row.Flags = static_cast<uint32_t>((*random)());
+  record.Rows[16].Flags &= ~0x100000u;  // else it isn't listed
+  return record;
+}
+
+TEST(BarCodeChoices, ChosenSymbologyIsPrintableOnAnyModelThatOffersAValue) {
+  std::mt19937 random(7);
+  std::vector<uint16_t> values;
+  for (int i = 0; i < 4000; ++i) {
+    CapabilitiesData record = AnyModel(&random);
+    if (i % 2 == 0) record.Rows[11].Flags = record.Rows[12].Flags = 0;
+    const auto number = static_cast<uint16_t>(random() % 38);
+    BarCodeFont font;
+    font.Linear.Option1 = 5;
+    font.Linear.Supplement = 65535;
+    ChooseSymbology(&font, number, record);
+    if (number >= 16 && number <= 18) {
+      ListFieldValues(font, Field::kWord1, record, &values);
+      EXPECT_EQ(!values.empty(), IsPrintable(font, record)) << number;
+    } else {
+      EXPECT_TRUE(IsPrintable(font, record)) << number;
+    }
+  }
+}
+
+TEST(BarCodeChoices, StartValueThatIsNotOfferedBecomesTheFirstOffered) {
+  BarCodeFont font;
+  ChooseSymbology(&font, 16, Model(0x22, 16));
+  EXPECT_EQ(10, uint16_t{font.Matrix.Words[1]});
+  ChooseSymbology(&font, 16, Model(0x2022, 16));
+  EXPECT_EQ(200, uint16_t{font.Matrix.Words[1]});
+  ChooseSymbology(&font, 28, Model(0x1, 28));
+  EXPECT_EQ(1, uint16_t{font.Matrix.Words[3]});
+  EXPECT_EQ(65535, uint16_t{font.Matrix.Words[1]});
+}
+
 TEST(BarCodeChoices, EveryOfferedValueCanBePrintedWhateverTheModelHas) {
   std::mt19937 random(5);
   std::vector<uint16_t> values;
-  for (int i = 0; i < 2000; ++i) {
-    CapabilitiesData record = Model();
-    for (SymbologyCapability& row : record.Rows) row.Flags = static_cast<uint32_t>(random());
+  for (int i = 0; i < 4000; ++i) {
+    const CapabilitiesData record = AnyModel(&random);
     BarCodeFont font;
-    font.SetSymbology(static_cast<uint16_t>(random() % 38));
+    ChooseSymbology(&font, static_cast<uint16_t>(random() % 38), record);
+    if (!IsPrintable(font, record)) continue;
     const auto field = static_cast<Field>(random() % 12);
     ListFieldValues(font, field, record, &values);
+    if (HasFieldSwitch(font, field, record)) values = {0, 1};
     for (const uint16_t value : values) {
       SetBarCodeField(&font, field, value);
       EXPECT_TRUE(IsPrintable(font, record)) << font.GetSymbology();

@@ -142,6 +142,15 @@ TEST_F(DataFontStore, SaveDoesNotAskWhetherAnythingChanged) {
   EXPECT_TRUE(Store().ReadString("DATA:Data Fonts/0000/Name", "") == "A");
 }
 
+TEST_F(DataFontStore, LongNameIsStoredAsFarAsItCanBeReadBack) {
+  auto font = std::make_unique<BarCodeFont>();
+  font->SetName(std::string(5000, 'n').c_str());
+  Table.AddOrReplace(std::move(font));
+  EXPECT_TRUE(Table.Save(Model()));
+  Table.Load(Model());
+  EXPECT_EQ(std::string(4095, 'n'), Names());
+}
+
 TEST_F(DataFontStore, NoModelMeansNoFonts) {
   Table.AddOrReplace(std::make_unique<BarCodeFont>());
   EXPECT_FALSE(Table.Save(nullptr));

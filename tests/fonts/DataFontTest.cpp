@@ -176,6 +176,32 @@ TEST(DataFont, RescaleOfAMatrixCodeChangesItsBarAlone) {
   EXPECT_EQ(MatrixBlob(18, 4, 203), BlobOf(font));
 }
 
+TEST(DataFont, RescaleLeavesABarAtLeastADot) {
+  for (const auto& stored : {LinearBlob(0, 1, 6000), MatrixBlob(18, 1, 600)}) {
+    BarCodeFont font;
+    font.SetBlob(stored.data(), 168);
+    font.Rescale(203);
+    EXPECT_EQ(1, uint16_t{font.IsMatrix() ? font.Matrix.NarrowBar : font.Linear.NarrowBar});
+    font.Rescale(0);
+    EXPECT_EQ(0, uint16_t{font.IsMatrix() ? font.Matrix.NarrowBar : font.Linear.NarrowBar});
+  }
+  BarCodeFont font;
+  const std::vector<uint8_t> none = LinearBlob(0, 0, 600);
+  font.SetBlob(none.data(), 168);
+  font.Rescale(203);
+  EXPECT_EQ(LinearBlob(0, 0, 203), BlobOf(font));
+}
+
+TEST(DataFont, RescaleToTheStoredResolutionChangesNothing) {
+  // 1 dot of 6000 an inch is no mil; no resolution is no length.
+  for (const auto& stored : {LinearBlob(1, 1, 6000), LinearBlob(20, 5, 0)}) {
+    BarCodeFont font;
+    font.SetBlob(stored.data(), 168);
+    font.Rescale(font.Header.Resolution);
+    EXPECT_EQ(stored, BlobOf(font));
+  }
+}
+
 TEST(DataFont, ResolutionThatIsNoneGivesNoLength) {
   for (const uint32_t resolution : {0u, 0x80000000u, 0xFFFFFFFFu}) {
     BarCodeFont font;
@@ -192,6 +218,11 @@ TEST(DataFont, DotsStayInTheirFields) {
   font.SetNarrowBarMils(INT32_MAX);
   font.SetHeightMils(-5);
   EXPECT_EQ(0u, uint32_t{font.Linear.Height});
+  font.Header.Resolution = 1000;
+  font.SetHeightMils(9999);
+  EXPECT_EQ(9999u, uint32_t{font.Linear.Height});
+  font.SetHeightMils(10000);
+  EXPECT_EQ(9999u, uint32_t{font.Linear.Height});
   font.Header.Resolution = 30000;
   font.SetNarrowBarMils(20000);
   EXPECT_EQ(65535, uint16_t{font.Linear.NarrowBar});

@@ -1,4 +1,5 @@
 // Data fonts as text records and as files of the older kind.
+#include "core/PackedText.h"
 #include "fonts/BarCodeFont.h"
 #include "fonts/DataFontTable.h"
 #include "fonts/RFIDFont.h"
@@ -113,6 +114,16 @@ TEST_F(DataFontText, DataThatIsNoBlobIsIgnored) {
   }
 }
 
+TEST_F(DataFontText, SecondDataLineLeavesNothingOfTheFirst) {
+  std::vector<uint8_t> bodyless = LinearBlob(600, 6);
+  PutNumber(&bodyless, 72, 2, 2);  // the body is its own size
+  const OString data = PackText(bodyless.data(), 168);
+  EXPECT_EQ(1, ReadBarCodes(Block("Bar Code", std::string("Name=A\r\nData=") + kCode128 +
+                                                  "\r\nData=" + data.GetNarrow() + "\r\n")));
+  ASSERT_EQ("A", Names());
+  EXPECT_EQ(DefaultBlob("A"), BlobOf(BarCode(0)));
+}
+
 TEST_F(DataFontText, BarCodeThatTheModelCannotPrintIsDropped) {
   const_cast<CapabilitiesData*>(Model()->GetCapabilities())->Rows[3].Present = 0;
   EXPECT_EQ(1, ReadBarCodes(Font("Bar Code", "A", kCode128) + Font("Bar Code", "B", kQrCode)));
@@ -199,6 +210,34 @@ TEST_F(DataFontText, BinaryRecordsMayBeOfAnySizeThatHasABody) {
   EXPECT_EQ("A,B", Names());
   EXPECT_EQ(14u, uint32_t{BarCode(0).Linear.Height});   // the default's
   EXPECT_EQ(406u, uint32_t{BarCode(1).Linear.Height});  // 2000 mils
+}
+
+TEST_F(DataFontText, CodabarsStartAndStopBecomeLowerCase) {
+  const_cast<CapabilitiesData*>(Model()->GetCapabilities())->Rows[4].Present = 1;
+  const struct {
+    uint32_t Stored;
+    uint16_t Taken;
+  } cases[] = {{65, 97}, {66, 98}, {67, 99}, {68, 100}, {97, 97},    {100, 100}, {0, 97},
+               {64, 97}, {69, 97}, {96, 97}, {101, 97}, {0x142, 97}, {65535, 97}};
+  for (const auto& each : cases) {
+    for (const size_t offset : {128, 130}) {
+      std::vector<uint8_t> blob = LinearBlob(600, 6, 600, 4);
+      PutNumber(&blob, 128, 2, 99);
+      PutNumber(&blob, 130, 2, 99);
+      PutNumber(&blob, offset, 2, each.Stored);
+      ASSERT_EQ(1, ReadBinary("SBF1" + Number(168) + Record("A", blob)));
+      EXPECT_EQ(each.Taken, offset == 128 ? BarCode(0).Linear.Option1 : BarCode(0).Linear.Option2);
+      EXPECT_EQ(99, offset == 128 ? BarCode(0).Linear.Option2 : BarCode(0).Linear.Option1);
+    }
+  }
+}
+
+TEST_F(DataFontText, OptionsOfOtherCodesAreTakenAsTheyAre) {
+  std::vector<uint8_t> blob = LinearBlob(600, 6, 600, 3);
+  PutNumber(&blob, 128, 2, 4);
+  ASSERT_EQ(1, ReadBinary("SBF1" + Number(168) + Record("A", blob)));
+  EXPECT_EQ(4, uint16_t{BarCode(0).Linear.Option1});
+  EXPECT_EQ(0, uint16_t{BarCode(0).Linear.Option2});
 }
 
 TEST_F(DataFontText, BinaryRecordThatIsCutOffEndsTheFile) {

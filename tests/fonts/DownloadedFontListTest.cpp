@@ -241,6 +241,39 @@ TEST_F(DownloadedFonts, Status1ComesBackAs0) {
   EXPECT_EQ(0, List.GetFirst()->Status);
 }
 
+TEST_F(DownloadedFonts, RequestIsNeitherStoredNorRead) {
+  DownloadedFont* font = Named("Sans");
+  font->Info.Request = kFontRequestDelete;
+  List.Append(font);
+  EXPECT_TRUE(List.Save(Model()));
+  EXPECT_EQ(3, uint16_t{font->Info.Request});
+  FontInfo info = {};
+  ASSERT_EQ(348, Store().ReadBinary(Key("01", "FontInfo"), &info, sizeof(info)));
+  EXPECT_EQ(0, uint16_t{info.Request});
+  info.Request = 0x102;  // as others may have written it
+  Store().WriteBinary(Key("01", "FontInfo"), &info, sizeof(info));
+  List.Load(Model());
+  ASSERT_EQ("Sans", Names());
+  EXPECT_EQ(0, uint16_t{List.GetFirst()->Info.Request});
+}
+
+TEST_F(DownloadedFonts, StoredTextsThatFillTheirFieldsAreEnded) {
+  FontInfo info;
+  FillBytes(&info, 'x', sizeof(info));
+  Store().WriteBinary(Key("01", "FontInfo"), &info, sizeof(info));
+  Store().WriteDword("Fonts:Downloaded Font Total", 1u);
+  List.Load(Model());
+  ASSERT_EQ(1, List.GetCount());
+  const FontInfo& read = List.GetFirst()->Info;
+  EXPECT_EQ(0x7878, int{read.FullName[62]});
+  EXPECT_EQ(0, int{read.FullName[63]});
+  for (const auto* field : {&read.FileId, &read.FileName, &read.FilePath}) {
+    EXPECT_EQ('x', (*field)[62]);
+    EXPECT_EQ(0, (*field)[63]);
+  }
+  EXPECT_EQ(0x78787878u, uint32_t{read.Location});
+}
+
 TEST_F(DownloadedFonts, TotalOf0LeavesOlderValuesInPlaceUnread) {
   List.Append(Named("A"));
   List.Append(Named("B"));

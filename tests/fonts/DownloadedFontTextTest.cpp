@@ -194,6 +194,17 @@ TEST_F(DownloadedFontText, EncodingTableOfAnotherLengthIsFilledOrCut) {
   EXPECT_EQ(std::vector<uint16_t>(256, 7), Entries(Second().EncodingTable));
 }
 
+TEST_F(DownloadedFontText, EncodingTableThatIsNoneIsZero) {
+  for (const char* value : {"", "%%%", "WkxJQ"}) {
+    List.Clear();
+    ReadOne(std::string("EncodingTable=") + kPackedTable + "\r\nEncodingTable=" + value + "\r\n");
+    EXPECT_EQ(std::vector<uint16_t>(256, 0), Entries(First().EncodingTable)) << value;
+    List.Clear();
+    ReadOne(std::string("EncodingTable=") + value + "\r\n");
+    EXPECT_EQ(std::vector<uint16_t>(256, 0), Entries(First().EncodingTable)) << value;
+  }
+}
+
 TEST_F(DownloadedFontText, SameFontTakesAllFieldsOfTheNewRecord) {
   ReadOne("FullName=Sans\r\nType=TrueType\r\nFileName=OLD\r\nWeight=700\r\n");
   ReadOne("FullName=Mono\r\nType=TrueType\r\n");

@@ -72,6 +72,15 @@ TEST_F(EncodingSettingsTest, SelectLogicIsStoredAsANumberAlways) {
   EXPECT_EQ(0, Store().ReadInt(kLogic, 7));
 }
 
+TEST_F(EncodingSettingsTest, SelectLogicIsStoredAs0Or1) {
+  Settings.Load(Model);
+  for (const int logic : {-1, 2, 256, 65537}) {
+    Settings.CodePageSelectLogic = logic;
+    EXPECT_TRUE(Settings.Save(Model));
+    EXPECT_EQ(0, Store().ReadInt(kLogic, 7)) << logic;
+  }
+}
+
 TEST_F(EncodingSettingsTest, ChangedListIsWritten) {
   Settings.Load(Model);
   Settings.Encodings = ListOf("B,A,C");

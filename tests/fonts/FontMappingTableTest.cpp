@@ -174,6 +174,15 @@ TEST_F(FontMappings, SaveDoesNotAskWhetherAnythingChanged) {
   EXPECT_TRUE(Store().ReadString(OString(kAliasRoot) + "A/Target Name", "") == "Mono");
 }
 
+TEST_F(FontMappings, LongTextsAreStoredAsFarAsTheyCanBeReadBack) {
+  const std::string text(4095, 'x');
+  const std::string longer = text + "yz";
+  Table.Add(Substitution("F", longer.c_str(), longer.c_str()));
+  EXPECT_TRUE(Table.Save(Model()));
+  Table.Load(Model());
+  EXPECT_EQ(text + " (F)>" + text + ";", Content());
+}
+
 TEST_F(FontMappings, NamesThatCannotBeKeysAreNotStored) {
   Table.Add(Alias("", "T"));
   Table.Add(Alias("A\\B", "T"));

@@ -46,6 +46,13 @@ TEST_F(FontText, WriterWritesAKeyALine) {
             }));
 }
 
+TEST_F(FontText, LineEndsInAValueAreWrittenAsBlanks) {
+  EXPECT_EQ("A=b  </font>   C=d\r\n", Written([](OStream& stream) {
+              FontTextWriter(stream).Write("A", "b\r\n</font>\n\r\nC=d");
+              return 1;
+            }));
+}
+
 TEST_F(FontText, RecordsOfOtherKindsAreSkipped) {
   EXPECT_EQ("[A=1;][A=2;]",
             Read(Record("1") + Block("Optional", "A=x\r\n") + Block("alias", "A=x\r\n") +

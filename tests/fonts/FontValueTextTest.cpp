@@ -104,7 +104,8 @@ TEST(FontValueText, PointsAreTenths) {
 
 TEST(FontValueText, LocationIsACharacterOrEightDigits) {
   EXPECT_EQ("A", Location(65));
-  EXPECT_EQ(" ", Location(32));
+  EXPECT_EQ("00000020", Location(32));
+  EXPECT_EQ("!", Location(33));
   EXPECT_EQ("\x7F", Location(127));
   EXPECT_EQ("0000001F", Location(31));
   EXPECT_EQ("00000080", Location(128));

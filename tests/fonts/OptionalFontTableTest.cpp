@@ -297,6 +297,21 @@ TEST_F(OptionalFonts, NamesThatCannotBeKeysAreNotStored) {
   EXPECT_EQ(-1, Store().GetValueSize("DATA:Optional Fonts/Name"));
 }
 
+TEST_F(OptionalFonts, TextIsStoredAsFarAsItCanBeReadBack) {
+  Table.Load(Model());
+  Table.Add(Named("A"));
+  Table.GetAt(0)->Description = OString(std::u16string(4095, u'x').c_str());
+  Table.GetAt(0)->Provider = OString(std::u16string(4096, u'\u6807').c_str());
+  Table.GetAt(0)->FontGroup = OString((std::u16string(4094, u'x') + u"\U0001F600").c_str());
+  EXPECT_TRUE(Table.Save(Model()));
+  OptionalFontTable other;
+  other.Load(Model());
+  ASSERT_EQ(1, other.GetCount());
+  EXPECT_TRUE(other.GetAt(0)->Description == Table.GetAt(0)->Description);
+  EXPECT_EQ(std::u16string(4095, u'\u6807'), other.GetAt(0)->Provider.GetWide());
+  EXPECT_EQ(std::u16string(4094, u'x'), other.GetAt(0)->FontGroup.GetWide());
+}
+
 TEST_F(OptionalFonts, ChangedCaseOfANameSurvives) {
   Table.Load(Model());
   Table.Add(Named(u"\u00C9t\u00E9"));

@@ -98,6 +98,12 @@ TEST(RFIDChoices, EntriesWithNamesOutsideAreDropped) {
   EXPECT_EQ("", Formats(formats));
 }
 
+TEST(RFIDChoices, EntriesWithoutATagAreDropped) {
+  std::vector<uint8_t> tags = TagBlock();
+  PutNumber(&tags, 12, 4, 0);
+  EXPECT_EQ("131072=Two;", Tags(tags));
+}
+
 TEST(RFIDChoices, CountThatLiesIsHeldByTheBlock) {
   std::vector<uint8_t> tags = TagBlock();
   tags.resize(12 + 8 + 7);

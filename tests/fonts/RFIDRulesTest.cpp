@@ -3,6 +3,7 @@
 
 #include <random>
 
+#include "fonts/BarCodeFont.h"
 #include "fonts/DataFontTable.h"
 #include "fonts/RFIDFont.h"
 #include "tests/fonts/DataFontBlobs.h"
@@ -258,6 +259,19 @@ class RfidImport : public FontTest {
   }
   DataFontTable Table;
 };
+
+TEST(RFIDRules, WithoutAModelNothingIsValidAndTheRecordStays) {
+  EXPECT_FALSE(BarCodeFont().IsValidFor(nullptr));
+  RFIDFont font;
+  font.Body.TagType = 8;
+  font.Body.EpcFormat = 7;
+  font.Header.Flags = 0;
+  EXPECT_FALSE(font.IsValidFor(nullptr));
+  font.Normalise(nullptr);
+  EXPECT_EQ(8u, font.GetTagType());
+  EXPECT_EQ(7u, font.GetFormat());
+  EXPECT_EQ(2u, uint32_t{font.Header.Flags});
+}
 
 TEST_F(RfidImport, TagBit2OnAModelThatHas2048OnlyBecomes2048) {
   GiveTags(2048);

@@ -50,7 +50,7 @@ TEST_F(CachesThreadTest, AllThreadsGetOneReader) {
 }
 
 TEST_F(CachesThreadTest, SessionsOfOnePrinterAtOnce) {
-  DefineChain("Copies.Limit=5\nCode39=Yes\nResolution=203\nFont=Font:F\n");
+  DefineChain("Copies.Limit=5\nBarCode=Model:One\nCode39=Yes\nResolution=203\nFont=Font:F\n");
   Define("Font.d", "[F]\nDefaultFont.Text.Name=Mono\n");
   Install();
   const std::u16string name = Printers.back()->Name().GetWide();

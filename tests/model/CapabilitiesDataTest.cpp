@@ -7,9 +7,9 @@ namespace {
 
 class CapabilitiesDataTest : public ModelFixture {
  protected:
-  // As in ModelDataTest: all keys in the model's own section.
+  // As in ModelDataTest: all keys in the model's own section, which is that of its bar codes too.
   std::vector<uint8_t> Built(const std::string& lines) {
-    DefineChain(lines);
+    DefineChain("BarCode=Model:One\n" + lines);
     return BytesOf(*InstallAndOpen().GetCapabilities());
   }
   static size_t Row(int number) { return 52 + 48 * static_cast<size_t>(number); }
@@ -156,6 +156,17 @@ TEST_F(CapabilitiesDataTest, KeysComeFromTheirContexts) {
   EXPECT_TRUE(Models.back()->HasBarCodes());
 }
 
+TEST_F(CapabilitiesDataTest, WithoutABarCodeSectionEveryRowIsZero) {
+  DefineChain("Code39=1\nQRCode=1\nSupplemental2.Attached=1\nLine=1\nDefaultFont.Text.Size=9\n");
+  const std::vector<uint8_t> bytes = BytesOf(*InstallAndOpen().GetCapabilities());
+  const std::vector<uint8_t> rows(bytes.begin() + static_cast<ptrdiff_t>(Row(0)),
+                                  bytes.begin() + static_cast<ptrdiff_t>(Row(38)));
+  EXPECT_EQ(rows, std::vector<uint8_t>(rows.size()));
+  EXPECT_FALSE(Models.back()->HasBarCodes());
+  EXPECT_EQ(Word(bytes, kLineFlagsAt), 1u);
+  EXPECT_EQ(Word(bytes, 1878), 9u);
+}
+
 TEST_F(CapabilitiesDataTest, EachRowByItsName) {
   const char* const names[] = {
       "Code39",        "Code39",     "Code93",         "Code128",   "Codabar",     "I-2/5",
@@ -228,6 +239,7 @@ TEST_F(CapabilitiesDataTest, WordsOfRowListsAreToldApartByCase) {
 
 TEST_F(CapabilitiesDataTest, RowKeysFallBackToThePlainOnesWithTheMakersFirst) {
   DefineChain(
+      "BarCode=Model:One\n"
       "Code39=1\nCode93=1\nCode128=1\nMSI=1\n"
       "Ratio=2:1\nRatio(VT)=3:1\n"
       "Code39.Ratio=5:2\nCode39.Ratio(VT)=9:4\n"
@@ -309,7 +321,8 @@ TEST_F(CapabilitiesDataTest, EachKeySetsItsOwnBitsOnly) {
   };
   std::string sections = "[None]\n";
   for (const auto& each : cases) {
-    sections += "[S" + std::to_string(&each - cases) + "]\n" + each.Lines + "\n";
+    const std::string section = "S" + std::to_string(&each - cases);
+    sections += "[" + section + "]\nBarCode=Model:" + section + "\n" + each.Lines + "\n";
   }
   Define("Driver.d", "[Ostrel Test]\nModel=Model:None\n");
   Define("Model.d", sections);

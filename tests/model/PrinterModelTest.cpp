@@ -318,7 +318,7 @@ TEST_F(PrinterModelTest, InvalidatingInTheLastStoredTickPassesZeroOver) {
 // A session from before keeps to its own section of the model, and its records to itself.
 TEST_F(PrinterModelTest, ASessionFromBeforeAnInvalidateLeavesTheCacheAlone) {
   Define("Driver.d", "[Ostrel Test]\nModel=Model:One\n");
-  Define("Model.d", "[One]\nCode39=No\n[Two]\nCode39=Yes\n");
+  Define("Model.d", "[One]\nBarCode=Model:One\nCode39=No\n[Two]\nBarCode=Model:Two\nCode39=Yes\n");
   Install();
   PrinterModel& before = Open();
   before.GetDefinition().SelectContext(Context::kModel);
@@ -330,7 +330,9 @@ TEST_F(PrinterModelTest, ASessionFromBeforeAnInvalidateLeavesTheCacheAlone) {
 
 TEST_F(PrinterModelTest, APrinterThatComesBackWithAnotherDriverHasItsRecordsBuiltAnew) {
   Define("Driver.d", "[Ostrel Test]\nModel=Model:One\n[Ostrel Other]\nModel=Model:Two\n");
-  Define("Model.d", "[One]\nCopies.Limit=5\nCode39=No\n[Two]\nCopies.Limit=7\nCode39=Yes\n");
+  Define("Model.d",
+         "[One]\nCopies.Limit=5\nBarCode=Model:One\nCode39=No\n[Two]\nCopies.Limit=7\nBarCode="
+         "Model:Two\nCode39=Yes\n");
   Install();
   TestPrinterOptions other;
   other.Name = u"Second Printer";

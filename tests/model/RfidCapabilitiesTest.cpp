@@ -152,9 +152,14 @@ TEST_F(RfidCapabilitiesTest, SectionsDefaultsWin) {
 }
 
 TEST_F(RfidCapabilitiesTest, ModelWithoutASectionWritesNoTags) {
-  DefineChain("Resolution=203\n");
+  DefineChain("Resolution=203\nTagIt=Yes\n");
   Define("RFID.d", "[Tags]\nTagIt=Yes\n");
   EXPECT_FALSE(InstallAndOpen().HasRfid());
+  std::vector<uint8_t> frame(160);
+  frame[0] = 160;
+  frame[2] = frame[4] = 16;
+  frame[6] = 9;
+  EXPECT_EQ(frame, BytesOf(*Models.back()->GetRfidCapabilities()));
 }
 
 }  // namespace

@@ -9,7 +9,7 @@ namespace {
 class SymbologyReaderTest : public ModelFixture {
  protected:
   const SymbologyCapability& Built(int row, const std::string& lines) {
-    DefineChain(lines);
+    DefineChain("BarCode=Model:One\n" + lines);
     return InstallAndOpen().GetCapabilities()->Rows[row];
   }
 };
@@ -158,8 +158,9 @@ TEST_F(SymbologyReaderTest, EachKeySetsItsOwnBitsOnly) {
   std::string sections = "[None]\n";
   for (const KeyCase& each : kKeys) {
     const std::string name = SymbologyName(each.Row);
-    sections += "[S" + std::to_string(&each - kKeys) + "]\n" + name + "=Yes\n" + name + "." +
-                each.Line + "\n";
+    const std::string section = "S" + std::to_string(&each - kKeys);
+    sections += "[" + section + "]\nBarCode=Model:" + section + "\n" + name + "=Yes\n" + name +
+                "." + each.Line + "\n";
   }
   Define("Driver.d", "[Ostrel Test]\nModel=Model:None\n");
   Define("Model.d", sections);
