@@ -50,7 +50,8 @@ class DitherSearch {
     *second = next;
   }
 
-  // The first where (first + second) * level < second * scale, in 32 bits, else the second.
+  // The first where (first + second) * level < second * scale, else the second. The products wrap
+  // in 32 bits and are compared as signed numbers.
   static V Choose(const Keys& first, const Keys& second, V level, int32_t scale) {
     const V sign = Isa::Greater16(Isa::Set16(0), level);
     const V factor = Isa::Set32(scale);

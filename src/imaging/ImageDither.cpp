@@ -19,6 +19,7 @@ void KeepWorkFields(const DitherJob& job, const NearestColors& last, ImageDither
   }
   if (job.Setup.method > kDitherDiffusion + 1) return;
   // Error diffusion never asks for a second colour. What it chose stands in the pixel.
+  record->secondIndex = -1;
   const DitherPicture& picture = job.Picture;
   const uint8_t* pixel =
       picture.Row(picture.Height - 1) + static_cast<size_t>(picture.Width - 1) * kPixelBytes;

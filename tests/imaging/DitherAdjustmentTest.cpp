@@ -49,6 +49,13 @@ TEST(DitherAdjustment, ContrastRoundsHalvesAwayFromTheMiddle) {
   EXPECT_EQ(image.Dither(), (Bytes{130, 126, 128, 133, 0, 255}));
 }
 
+// 32767 + 100 is -32669 percent in 16 bits: 1 below the middle becomes 327 above it.
+TEST(DitherAdjustment, ContrastWrapsIn16Bits) {
+  Adjusted image({127, 128, 129});
+  image.Setup().contrast = 32767;
+  EXPECT_EQ(image.Dither(), (Bytes{255, 128, 0}));
+}
+
 TEST(DitherAdjustment, ContrastComesAfterBrightnessUnlimited) {
   Adjusted image({250, 250, 250});
   image.Setup().brightness = 100;

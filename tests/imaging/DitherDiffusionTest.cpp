@@ -41,6 +41,14 @@ TEST(DitherDiffusion, JarvisLosesItsSharesAtTheRightEdge) {
   EXPECT_EQ(GreensAfter(1, {96, 0, 0}, 1), (Bytes{96, 14, 12}));
 }
 
+// -96 in the last column but one: only x + 1 is there at its right. Row 0: 14. Below 10, 14, 10 and
+// 6, 10, 6; of the 14 then 0, 1, 2 and 0, 0, 1. Row 1 passes on in itself: 10, 15 + 1, 12 + 1 + 2.
+// Row 2 takes 1, 1, 0 of 10, then 1, 2, 1 of 16, then 0, 1, 2 of 15: 8, 14 + 1, 10 + 2.
+TEST(DitherDiffusion, JarvisLosesOneShareARowInTheLastColumnButOne) {
+  EXPECT_EQ(GreensAfter(3, {0, 96, 0, 0, 0, 0, 0, 0, 0}, 1),
+            (Bytes{0, 96, 14, 10, 16, 15, 8, 15, 12}));
+}
+
 // 0 - 100 gives -43.75, which is -43: the next pixel becomes 127, not 128. And 43.75 is 43: 128.
 TEST(DitherDiffusion, SharesAreTruncatedTowardZero) {
   EXPECT_EQ(DotsOf(2, {100, 84}, 0), (Bytes{0, 0}));
@@ -98,6 +106,21 @@ TEST(DitherDiffusion, PlanesSpreadEachByItself) {
   EXPECT_EQ(image.Dither(), (Bytes{0, 255, 0, 255, 0, 0}));
 }
 
+// 8 without blue, 4 without red, 2 without green. Nothing is spread, so bytes 1 and 2 stay.
+TEST(DitherDiffusion, PlaneIndexesAddUp) {
+  for (uint16_t method : {uint16_t{4}, uint16_t{5}}) {
+    for (uint32_t mode : {2u, 3u, 4u, 5u}) {
+      Image image(4, 1);
+      image.Pixels = {201, 2, 3, 4, 5, 206, 7, 208, 9, 10, 11, 12};
+      image.Record.pixels = image.Pixels.data();
+      image.Mode(mode, true).Method(method);
+      image.Record.setup.diffusionKind = 2;
+      const uint8_t allOff = mode == 3 || mode == 4 ? 1 : 14;
+      EXPECT_EQ(image.Dither(), (Bytes{6, 2, 3, 10, 5, 206, 12, 208, 9, allOff, 11, 12})) << mode;
+    }
+  }
+}
+
 // Of 200 too much 87 go right, of 187 then 81.
 TEST(DitherDiffusion, PaletteErrorsMayBeLargerThanHalf) {
   Image image(3, 1);
@@ -107,13 +130,16 @@ TEST(DitherDiffusion, PaletteErrorsMayBeLargerThanHalf) {
 }
 
 TEST(DitherDiffusion, PaletteWritesTheNearestColour) {
-  Image image(2, 1);
-  image.Pixels = {10, 0, 250, 250, 10, 0};
-  image.Record.pixels = image.Pixels.data();
-  image.Palette({kBlack, kBlue, kRed}).Method(kDitherDiffusion);
-  EXPECT_EQ(image.Dither(), (Bytes{0, 0, 255, 255, 0, 0}));
-  EXPECT_EQ(image.Record.nearestIndex, 1);
-  EXPECT_EQ(image.Record.secondIndex, 77);
+  for (uint16_t method : {uint16_t{4}, uint16_t{5}}) {
+    Image image(2, 1);
+    image.Pixels = {10, 0, 250, 250, 10, 0};
+    image.Record.pixels = image.Pixels.data();
+    image.Palette({kBlack, kBlue, kRed}).Method(method);
+    EXPECT_EQ(image.Dither(), (Bytes{0, 0, 255, 255, 0, 0}));
+    EXPECT_EQ(image.Record.nearestIndex, 1);
+    // Nobody looks for a second colour.
+    EXPECT_EQ(image.Record.secondIndex, -1);
+  }
 }
 
 }  // namespace

@@ -155,6 +155,20 @@ TEST_P(DitherEquality, SizesBeyond16Bits) {
   }
 }
 
+// Smooth takes the low 16 bits of both sizes; there need be no rows below the last.
+TEST_P(DitherEquality, SmoothSizesBeyond16Bits) {
+  RandomDither random(9);
+  for (int i = 0; i < 48; ++i) {
+    ImageDitherRecord record = random.Record(30, 6);
+    const size_t rows = record.height;
+    if (i % 3 != 1) record.height += 0x10000;
+    if (i % 3 != 0) record.width += 0x10000;
+    Bytes pixels(size_t{record.width} * rows * 3);
+    random.Paint(&pixels);
+    if (!Compare(record, pixels, true)) return;
+  }
+}
+
 // The largest sizes that are no negative numbers.
 TEST_P(DitherEquality, LargestSizes) {
   RandomDither random(8);

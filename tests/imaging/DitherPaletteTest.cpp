@@ -98,6 +98,7 @@ TEST(DitherPalette, WithoutAPaletteThePixelStays) {
     image.Greys({10, 100, 200}).Mode(kDitherPalette).Method(method);
     EXPECT_EQ(image.Dither(), (Bytes{10, 10, 10, 100, 100, 100, 200, 200, 200})) << method;
     EXPECT_EQ(image.Record.nearestIndex, -1);
+    EXPECT_EQ(image.Record.secondIndex, -1);
     image.Mode(kDitherPalette, true);
     EXPECT_EQ(image.Dither(), (Bytes{0, 10, 10, 0, 100, 100, 0, 200, 200})) << method;
   }
@@ -118,6 +119,30 @@ TEST(DitherPalette, ScreenChoosesBetweenTheTwoNearest) {
   image.Record.setup.screenIndex = 2;
   image.Dither();
   EXPECT_EQ(image.Channel(), (Bytes{1, 0, 1, 1}));
+}
+
+// Left of the origin the remainders are -1, -2, -3: a negative product is below any other, so the
+// nearest is taken. With remainders of 3, 2, 1, or products without a sign, black would come up.
+TEST(DitherPalette, NegativeScreenSumTakesTheNearest) {
+  Image image(4, 1, 128);
+  image.Palette({kBlack, kWhite}).Mode(kDitherPalette, true).Method(kDitherScreen);
+  image.Record.setup.screenIndex = 2;
+  image.Record.originX = -3;
+  image.Dither();
+  EXPECT_EQ(image.Channel(), (Bytes{1, 1, 1, 1}));
+}
+
+// Both colours are far from black: 583698 and 584970, together 1168668. 584970 * 2745 is
+// 1605742650, so the second comes up from 1375 on; but 1168668 * 1838 passes 2147483647, becomes
+// negative and so takes the nearest again. (1873 x) mod 2745 is 0, 1873, 1001, 129, 2002, 1130,
+// 258, 2131, 1259, 387, 2260, 1388: only the last lies between. Wider or unsigned products would
+// take the second at 1873, 2002, 2131 and 2260 too.
+TEST(DitherPalette, ScreenProductsWrapAndAreComparedSigned) {
+  Image image(12, 1, 0);
+  image.Palette({kWhite, {255, 255, 254, 0}}).Mode(kDitherPalette, true).Method(kDitherScreen);
+  image.Record.setup.screenIndex = 19;
+  image.Dither();
+  EXPECT_EQ(image.Channel(), (Bytes{1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 0}));
 }
 
 TEST(DitherPalette, IndexLeavesTheOtherBytesButForMethodNone) {

@@ -25,6 +25,68 @@ int CountOn(const Bytes& dots) {
 }
 constexpr uint8_t kOn = 255;
 
+// Of each place of a matrix the largest grey that stays off, over the factor.
+Bytes EntriesOf(uint32_t size, int factor, uint16_t method, uint16_t selector) {
+  Bytes entries(size_t{size} * size);
+  for (int grey = 0; grey <= 255; ++grey) {
+    const Bytes dots = Dots(size, size, static_cast<uint8_t>(grey), method, selector);
+    for (size_t i = 0; i < entries.size(); ++i) {
+      if (dots[i] == 0) entries[i] = static_cast<uint8_t>(grey);
+    }
+  }
+  for (uint8_t& entry : entries) {
+    EXPECT_EQ(entry % factor, 0) << int{entry};
+    entry = static_cast<uint8_t>(entry / factor);
+  }
+  return entries;
+}
+
+// clang-format off
+TEST(DitherMatrix, EveryPlaceHasItsThreshold) {
+  EXPECT_EQ(EntriesOf(2, 64, kDitherOrdered, 0), (Bytes{
+      0, 2,
+      3, 1}));
+  EXPECT_EQ(EntriesOf(4, 16, kDitherOrdered, 1), (Bytes{
+      0, 8, 2, 10,
+      12, 4, 14, 6,
+      3, 11, 1, 9,
+      15, 7, 13, 5}));
+  EXPECT_EQ(EntriesOf(8, 4, kDitherOrdered, 2), (Bytes{
+      0, 32, 8, 40, 2, 34, 10, 42,
+      48, 16, 56, 24, 50, 18, 58, 26,
+      12, 44, 4, 36, 14, 46, 6, 38,
+      60, 28, 52, 20, 62, 30, 54, 22,
+      3, 35, 11, 43, 1, 33, 9, 41,
+      51, 19, 59, 27, 49, 17, 57, 25,
+      15, 47, 7, 39, 13, 45, 5, 37,
+      63, 31, 55, 23, 61, 29, 53, 21}));
+  EXPECT_EQ(EntriesOf(2, 64, kDitherHalftone, 0), (Bytes{
+      0, 1,
+      2, 3}));
+  EXPECT_EQ(EntriesOf(4, 16, kDitherHalftone, 1), (Bytes{
+      0, 2, 8, 10,
+      4, 6, 12, 14,
+      9, 11, 1, 3,
+      13, 15, 5, 7}));
+  EXPECT_EQ(EntriesOf(6, 7, kDitherHalftone, 2), (Bytes{
+      16, 12, 14, 18, 22, 20,
+      8, 0, 2, 26, 34, 32,
+      10, 4, 6, 24, 30, 28,
+      19, 23, 21, 17, 13, 15,
+      27, 35, 33, 9, 1, 3,
+      25, 31, 29, 11, 5, 7}));
+  EXPECT_EQ(EntriesOf(8, 4, kDitherHalftone, 3), (Bytes{
+      30, 24, 26, 28, 32, 38, 36, 34,
+      22, 0, 2, 14, 40, 62, 60, 48,
+      18, 4, 6, 12, 44, 58, 56, 50,
+      20, 10, 8, 16, 42, 52, 54, 46,
+      33, 39, 37, 35, 31, 25, 27, 29,
+      41, 63, 61, 49, 23, 1, 3, 15,
+      45, 59, 57, 51, 19, 5, 7, 13,
+      43, 53, 55, 47, 21, 11, 9, 17}));
+}
+// clang-format on
+
 TEST(DitherMatrix, TwoByTwoHasFourLevelsOnly) {
   for (uint16_t method : {kDitherOrdered, kDitherHalftone}) {
     const struct {
@@ -129,6 +191,12 @@ TEST(DitherScreen, NegativeSumTurnsEveryDotOn) {
   image.Greys({7}).Mode(kDitherPlanesWithBlack, true).Method(kDitherScreen);
   image.Record.originX = -1;
   EXPECT_EQ(image.Dither(), (Bytes{0, 7, 7}));
+}
+
+// 3 * 715827882 is 2147483646, by 4 leaves 2. The next is -2147483647 in 32 bits, which leaves -3;
+// unwrapped it would leave 1, and the dot would be off.
+TEST(DitherScreen, SumsWrapIn32Bits) {
+  EXPECT_EQ(Dots(2, 1, 1, kDitherScreen, 2, 715827882), (Bytes{0, kOn}));
 }
 
 TEST(DitherScreen, IndexIsLimited) {

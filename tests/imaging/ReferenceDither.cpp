@@ -293,6 +293,7 @@ class Picture {
     uint8_t target[3] = {pixel[0], pixel[1], pixel[2]};
     int channels = Record.colorMode == kDitherGrey ? 1 : 3;
     if (Record.colorMode == kDitherPalette) {
+      Record.secondIndex = -1;
       FindNearest(pixel);
       if (Record.nearestIndex >= 0) {
         const DitherColor& color = Record.palette[Record.nearestIndex];
@@ -333,10 +334,12 @@ void DitherSmooth(ImageDitherRecord* record) {
   const int width = static_cast<int16_t>(record->width);
   const int height = static_cast<int16_t>(record->height);
   if (width < 1 || height < 1) return;
+  // Rows lie as far apart as the whole width says; the doubled picture has the sizes in use only.
   const size_t row = static_cast<size_t>(record->width) * 3;
-  std::vector<uint8_t> doubled(row * 2 * record->height * 2);
+  const size_t doubledRow = static_cast<size_t>(width) * 2 * 3;
+  std::vector<uint8_t> doubled(doubledRow * static_cast<size_t>(height) * 2);
   auto at = [&](int x, int y) {
-    return doubled.data() + static_cast<size_t>(y) * row * 2 + static_cast<size_t>(x) * 3;
+    return doubled.data() + static_cast<size_t>(y) * doubledRow + static_cast<size_t>(x) * 3;
   };
   auto pixel = [&](int x, int y) {
     return record->pixels + static_cast<size_t>(y) * row + static_cast<size_t>(x) * 3;
@@ -349,7 +352,8 @@ void DitherSmooth(ImageDitherRecord* record) {
   second.setup = record->setup;
   ImageDither::SetPalette(&second, record->palette, record->paletteCount);
   ImageDither::SetColorMode(&second, record->colorMode, record->indexedOutput != 0);
-  ImageDither::SetImage(&second, doubled.data(), record->width * 2, record->height * 2, 0);
+  ImageDither::SetImage(&second, doubled.data(), static_cast<uint32_t>(width) * 2,
+                        static_cast<uint32_t>(height) * 2, 0);
   Dither(&second);
   for (int y = 0; y < height; ++y) {
     for (int x = 0; x < width; ++x) {
