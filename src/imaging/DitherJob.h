@@ -37,9 +37,8 @@ struct DitherJob {
 using DitherRunner = void (*)(const DitherJob& job);
 // For every processor that this module runs on.
 void RunDitherSse2(const DitherJob& job);
-// Only where the processor has AVX2.
+// Only where HasAvx2().
 void RunDitherAvx2(const DitherJob& job);
-bool HasAvx2();
 
 // The best one for this processor.
 DitherRunner ChooseDitherRunner();

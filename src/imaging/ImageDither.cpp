@@ -5,6 +5,7 @@
 #include <new>
 
 #include "imaging/DitherJob.h"
+#include "imaging/Processor.h"
 
 namespace ostvt {
 namespace {
@@ -74,11 +75,6 @@ void AveragePicture(const DitherPicture& from, const DitherPicture& to) {
 }
 
 }  // namespace
-
-bool HasAvx2() {
-  __builtin_cpu_init();
-  return __builtin_cpu_supports("avx2");
-}
 
 DitherRunner ChooseDitherRunner() { return HasAvx2() ? RunDitherAvx2 : RunDitherSse2; }
 

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "imaging/Processor.h"
+
 namespace ostvt {
 namespace {
 
@@ -79,8 +81,8 @@ int32_t FirstNeeded(const int32_t* offsets, int32_t count, int32_t byte) {
 }  // namespace
 
 ShuffleLevel DetectShuffleLevel() {
-  if (__builtin_cpu_supports("avx2")) return ShuffleLevel::kAvx2;
-  return __builtin_cpu_supports("ssse3") ? ShuffleLevel::kSsse3 : ShuffleLevel::kNone;
+  if (HasAvx2()) return ShuffleLevel::kAvx2;
+  return HasSsse3() ? ShuffleLevel::kSsse3 : ShuffleLevel::kNone;
 }
 
 bool StretchShuffle::Build(const int32_t* offsets, int32_t count, ShuffleLevel level) {

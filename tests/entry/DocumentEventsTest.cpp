@@ -4,7 +4,7 @@
 
 #include "entry/Exports.h"
 #include "platform/PrintContext.h"
-#include "tests/entry/GuardedBlock.h"
+#include "tests/support/GuardedBlock.h"
 
 namespace ostvt::test {
 namespace {

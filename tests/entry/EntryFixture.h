@@ -5,7 +5,7 @@
 #include "platform/Errors.h"
 #include "platform/Spooler.h"
 #include "settings/DevModeRecord.h"
-#include "tests/entry/GuardedBlock.h"
+#include "tests/support/GuardedBlock.h"
 #include "tests/settings/SettingsFixture.h"
 
 namespace ostvt::test {

@@ -5,7 +5,7 @@
 
 #include "entry/Exports.h"
 #include "imaging/ImageStretch.h"
-#include "tests/entry/GuardedBlock.h"
+#include "tests/support/GuardedBlock.h"
 #include "tests/support/TempDirectory.h"
 
 namespace ostvt::test {

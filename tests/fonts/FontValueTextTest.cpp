@@ -119,7 +119,7 @@ TEST(FontValueText, LocationReadsACharacterOrEightDigits) {
   EXPECT_EQ(0xDEADBEEFu, ParseLocation("deadBEEF"));
   EXPECT_EQ(0u, ParseLocation(""));
   EXPECT_EQ(0u, ParseLocation("0000002A "));
-  EXPECT_EQ(0u, ParseLocation("XXXXXXXX"));
+  EXPECT_EQ(0u, ParseLocation("GGGGGGGG"));
   EXPECT_EQ(2u, ParseLocation("0000002X"));
   EXPECT_EQ(0x4E00u, ParseLocation(u"\u4E00"));
   EXPECT_EQ(50u, ParseLocation("2"));

@@ -4,13 +4,8 @@
 namespace ostvt::test {
 namespace {
 
-class DitherEquality : public testing::TestWithParam<const char*> {
+class DitherEquality : public testing::TestWithParam<DitherVersion> {
  protected:
-  void SetUp() override {
-    Run = std::string(GetParam()) == "Avx2" ? RunDitherAvx2 : RunDitherSse2;
-    if (Run == RunDitherAvx2 && !HasAvx2()) GTEST_SKIP() << "the processor has no AVX2";
-  }
-
   // False if they differ.
   bool Compare(ImageDitherRecord record, const Bytes& pixels, bool smooth) {
     Bytes expected = pixels;
@@ -46,7 +41,7 @@ class DitherEquality : public testing::TestWithParam<const char*> {
     return Compare(record, pixels, smooth);
   }
 
-  DitherRunner Run = nullptr;
+  DitherRunner Run = GetParam().Run;
 };
 
 TEST_P(DitherEquality, SmallPictures) {
@@ -187,8 +182,8 @@ TEST_P(DitherEquality, LargestSizes) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Versions, DitherEquality, testing::Values("Sse2", "Avx2"),
-                         [](const auto& each) { return std::string(each.param); });
+INSTANTIATE_TEST_SUITE_P(Versions, DitherEquality, testing::ValuesIn(DitherVersions()),
+                         [](const auto& each) { return std::string(each.param.Name); });
 
 }  // namespace
 }  // namespace ostvt::test

@@ -1,6 +1,6 @@
 // Pictures that end where memory ends: nothing beyond them is read or written, by either version.
-#include "tests/entry/GuardedBlock.h"
 #include "tests/imaging/RandomDither.h"
+#include "tests/support/GuardedBlock.h"
 
 namespace ostvt::test {
 namespace {
@@ -25,11 +25,9 @@ void DitherGuarded(DitherRunner run, uint32_t seed) {
   }
 }
 
-TEST(DitherGuard, NothingBeyondThePixelsIsTouched) { DitherGuarded(RunDitherSse2, 11); }
-
-TEST(DitherGuard, NothingBeyondThePixelsIsTouchedWithAvx2) {
-  if (!HasAvx2()) GTEST_SKIP() << "the processor has no AVX2";
-  DitherGuarded(RunDitherAvx2, 12);
+TEST(DitherGuard, NothingBeyondThePixelsIsTouched) {
+  uint32_t seed = 11;
+  for (const DitherVersion& version : DitherVersions()) DitherGuarded(version.Run, seed++);
 }
 
 }  // namespace

@@ -4,10 +4,23 @@
 #include <algorithm>
 
 #include "imaging/DitherJob.h"
+#include "imaging/Processor.h"
 #include "tests/imaging/DitherFixture.h"
 #include "tests/imaging/ReferenceDither.h"
 
 namespace ostvt::test {
+
+struct DitherVersion {
+  const char* Name;
+  DitherRunner Run;
+};
+
+// Those that this processor has.
+inline std::vector<DitherVersion> DitherVersions() {
+  std::vector<DitherVersion> versions = {{"Sse2", RunDitherSse2}};
+  if (HasAvx2()) versions.push_back({"Avx2", RunDitherAvx2});
+  return versions;
+}
 
 class RandomDither {
  public:

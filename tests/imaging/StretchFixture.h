@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "imaging/StretchPicture.h"
-#include "tests/entry/GuardedBlock.h"
 #include "tests/imaging/ReferenceStretch.h"
+#include "tests/support/GuardedBlock.h"
 
 namespace ostvt::test {
 
