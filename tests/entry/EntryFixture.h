@@ -5,8 +5,8 @@
 #include "platform/Errors.h"
 #include "platform/Spooler.h"
 #include "settings/DevModeRecord.h"
-#include "tests/support/GuardedBlock.h"
 #include "tests/settings/SettingsFixture.h"
+#include "tests/support/GuardedBlock.h"
 
 namespace ostvt::test {
 
