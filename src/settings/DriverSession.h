@@ -21,6 +21,7 @@
 #include "settings/PresetList.h"
 #include "settings/ResourceContext.h"
 #include "settings/SessionRecords.h"
+#include "settings/SettingsSections.h"
 #include "settings/StockList.h"
 
 namespace ostvt {
@@ -95,6 +96,18 @@ class DriverSession {
   void AddBuiltInPresets();
   // Copies of the other session's presets take the place of this one's; Save then writes them.
   void CopyPresetList(DriverSession& other);
+  // Writes the chosen sections (kSectionStock and others) to a settings file, in place of one that
+  // is there. The file is written whole or not at all: false then, and the counts are 0. `result`
+  // may be null.
+  bool ExportSettings(const OString& path, uint32_t sections, ExportResult* result);
+  // Takes the chosen sections of a settings file, of whichever kind, into the session's lists and
+  // device mode; options and network settings go to the store at once, the rest with Save. A file
+  // that can't be read, or of more than 64 MiB, brings nothing. `result` may be null.
+  void ImportSettings(const OString& path, uint32_t sections, ImportResult* result);
+  // Removes the chosen sections from the store, brings the session back to defaults, and imports
+  // the same sections of the file "Defaults.sds" beside the module, if it is there. Save then
+  // writes what that brought.
+  void ResetSettings(uint32_t sections);
   // The file's bytes as they are, as a job of its name. False, with nothing sent, when the file
   // can't be read whole, holds more than 2 GiB, or the job can't be opened; false too when the
   // printer didn't take all of it. `progress` may be null; it is called in between.
