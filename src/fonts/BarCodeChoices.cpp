@@ -10,8 +10,6 @@
 namespace ostvt {
 namespace {
 
-constexpr uint32_t kFindsItsOwnSize = 0x100000;  // DataMatrix
-
 constexpr int32_t kDefaultMessage = 1600;
 constexpr int32_t kFirstRatioMessage = 1601;
 constexpr int32_t kFirstRatio = 200;
@@ -35,7 +33,7 @@ void ListSymbologies(const CapabilitiesData& capabilities, std::vector<uint16_t>
   for (uint16_t number = 0; number < kSymbologyRows; ++number) {
     const SymbologyCapability& row = capabilities.Rows[number];
     if (row.Present == 0 || IsSupplement(number)) continue;
-    if (number == kDataMatrix && (row.Flags & kFindsItsOwnSize) != 0) continue;
+    if (number == kDataMatrix && (row.Flags & kDataMatrixFindsItsSize) != 0) continue;
     numbers->push_back(number);
   }
 }
@@ -97,19 +95,6 @@ void ApplyFixedSettings(BarCodeFont* font, const CapabilitiesData& capabilities)
 
 uint16_t HumanReadableOf(uint16_t symbology, const CapabilitiesData& capabilities) {
   return symbology < kSymbologyRows ? capabilities.Rows[symbology].HumanReadable : uint16_t{0};
-}
-
-bool SetStartStop(BarCodeFont* font, char start, char stop) {
-  const auto lower = [](char c) { return c >= 'A' && c <= 'D' ? static_cast<char>(c + 32) : c; };
-  const char first = lower(start);
-  const char last = lower(stop);
-  if (font->GetSymbology() != kCodabar || font->IsMatrix() || first < 'a' || first > 'd' ||
-      last < 'a' || last > 'd') {
-    return false;
-  }
-  font->Linear.Option1 = static_cast<uint16_t>(first);
-  font->Linear.Option2 = static_cast<uint16_t>(last);
-  return true;
 }
 
 }  // namespace ostvt

@@ -50,7 +50,5 @@ bool HasFieldSwitch(const BarCodeFont& font, BarCodeField field,
                     const CapabilitiesData& capabilities);
 // Human readable text: none, always, or a choice; kHumanReadable... of the model's record.
 uint16_t HumanReadableOf(uint16_t symbology, const CapabilitiesData& capabilities);
-// Codabar's characters, "A" to "D" in either case. False, and nothing changed, for any other.
-bool SetStartStop(BarCodeFont* font, char start, char stop);
 
 }  // namespace ostvt

@@ -26,25 +26,24 @@ struct FieldList {
 
 constexpr uint16_t kEncodings[] = {0, 2, 3, 4, 5};
 constexpr uint16_t kAutomaticLevel[] = {kAutomatic};
-constexpr uint16_t kLevels[] = {0, 10, 40, 50, 60, 70, 80, 90, 100, 110, 120, 130, 140, 200};
 constexpr uint16_t kAutomaticMask[] = {9};
 constexpr uint16_t kCorrections[] = {'L', 'M', 'Q', 'H'};
 constexpr uint16_t kModes[] = {0, 'A', 'K', 'B', 'M'};
-constexpr uint16_t kSupplements[] = {0, 2, 5, 65535};
+constexpr uint16_t kSupplements[] = {0, 2, 5, kAutomatic};  // the last one: 2 or 5
 
 constexpr FieldList kLists[] = {
     {3, Field::kOption1, Shown::kCode128, kEncodings, 1, 0, 0},
     {4, Field::kOption1, Shown::kLetter, {}, 'a', 'd'},
     {4, Field::kOption2, Shown::kLetter, {}, 'a', 'd'},
-    {7, Field::kSupplement, Shown::kNumber, kSupplements},
-    {8, Field::kSupplement, Shown::kNumber, kSupplements},
-    {9, Field::kSupplement, Shown::kNumber, kSupplements},
-    {10, Field::kSupplement, Shown::kNumber, kSupplements},
+    {7, Field::kSupplement, Shown::kNumber, kSupplements, 1, 0, kAutomatic},
+    {8, Field::kSupplement, Shown::kNumber, kSupplements, 1, 0, kAutomatic},
+    {9, Field::kSupplement, Shown::kNumber, kSupplements, 1, 0, kAutomatic},
+    {10, Field::kSupplement, Shown::kNumber, kSupplements, 1, 0, kAutomatic},
     {14, Field::kWord1, Shown::kVersion, {}, 0, 14, 0},
     {15, Field::kWord1, Shown::kNumber, kAutomaticLevel, 0, 8, kAutomatic},
     {15, Field::kWord3, Shown::kNumber, {}, 0, 30, 0},
     {15, Field::kWord5, Shown::kNumber, {}, 1, 10},
-    {16, Field::kWord1, Shown::kNumber, kLevels},
+    {16, Field::kWord1, Shown::kNumber, kDataMatrixLevels},
     {17, Field::kWord1, Shown::kNumber, {}, 2, 6},
     {18, Field::kWord1, Shown::kNumber, {}, 1, 2},
     {18, Field::kWord2, Shown::kNumber, kAutomaticMask, 0, 7, 9},
@@ -68,9 +67,13 @@ struct FieldSwitch {
   uint32_t Barring = 0;
 };
 constexpr FieldSwitch kSwitches[] = {
-    {3, Field::kOption2, 0},         {15, Field::kWord2, 0, 0x1}, {28, Field::kWord2, 0},
-    {16, Field::kWord4, 0x4000},     {17, Field::kWord2, 0x20},   {17, Field::kWord3, 0x40},
-    {21, Field::kHighPriority, 0x1},
+    {3, Field::kOption2, 0},
+    {15, Field::kWord2, 0, kPdfTruncated},
+    {28, Field::kWord2, 0},
+    {16, Field::kWord4, kDataMatrixWhiteOnBlack},
+    {17, Field::kWord2, kMaxiCodeZipperBlock},
+    {17, Field::kWord3, kMaxiCodeContrastBlock},
+    {21, Field::kHighPriority, kHasHighPriority},
 };
 
 constexpr int32_t kAutomaticMessage = 1600;

@@ -8,7 +8,6 @@ namespace ostvt {
 namespace {
 
 constexpr int32_t kMilsPerInch = 1000;
-constexpr int32_t kDefaultHeightMils = 65;
 constexpr int32_t kDefaultBarMils = 15;
 constexpr int32_t kLargestHeight = 9999;
 
@@ -30,12 +29,8 @@ int32_t ToDots(int32_t mils, const DataFontHeader& header) {
 
 BarCodeFont::BarCodeFont() : DataFont(&Linear, sizeof(Linear)), Linear{} {
   Header.Kind = kDataFontLinear;
-  Linear.Size = kLinearBodySize;
-  Linear.CheckDigitShown = 1;
-  Linear.HumanReadable = 1;
-  Linear.Reserved5 = 1;
-  Linear.Reserved6 = 1;
-  SetHeightMils(kDefaultHeightMils);
+  ClearBody();
+  SetHumanReadable(kHumanReadableAbove);
   SetNarrowBarMils(kDefaultBarMils);
 }
 
@@ -54,28 +49,25 @@ void BarCodeFont::SetHeightMils(int32_t mils) {
   Linear.Height = static_cast<uint32_t>(std::min(ToDots(mils, Header), kLargestHeight));
 }
 
-int32_t BarCodeFont::GetNarrowBarMils() const {
-  return ToMils(IsMatrix() ? Matrix.NarrowBar : Linear.NarrowBar, Header);
-}
+int32_t BarCodeFont::GetNarrowBarMils() const { return ToMils(GetNarrowBar(), Header); }
 
 void BarCodeFont::SetNarrowBarMils(int32_t mils) {
-  const auto dots = static_cast<uint16_t>(std::min(ToDots(mils, Header), UINT16_MAX));
-  (IsMatrix() ? Matrix.NarrowBar : Linear.NarrowBar) = dots;
+  SetNarrowBar(static_cast<uint16_t>(std::min(ToDots(mils, Header), UINT16_MAX)));
 }
 
 void BarCodeFont::Rescale(uint32_t resolution) {
-  if (Header.Resolution == resolution) return;
+  if (Header.Resolution == resolution) {
+    if (!IsMatrix()) Linear.Height = std::min<uint32_t>(Linear.Height, kLargestHeight);
+    return;
+  }
   const int32_t height = GetHeightMils();
   const int32_t narrowBar = GetNarrowBarMils();
-  const bool hadBar =
-      (IsMatrix() ? Matrix.NarrowBar : Linear.NarrowBar) > 0 && ResolutionOf(Header) > 0;
+  const bool hadBar = GetNarrowBar() > 0 && ResolutionOf(Header) > 0;
   Header.Resolution = resolution;
   SetHeightMils(height);
   SetNarrowBarMils(narrowBar);
-  const uint16_t dots = IsMatrix() ? Matrix.NarrowBar : Linear.NarrowBar;
   // A bar too fine for the resolution is still a bar.
-  if (dots > 0 || !hadBar || ResolutionOf(Header) == 0) return;
-  (IsMatrix() ? Matrix.NarrowBar : Linear.NarrowBar) = 1;
+  if (GetNarrowBar() == 0 && hadBar && ResolutionOf(Header) > 0) SetNarrowBar(1);
 }
 
 }  // namespace ostvt

@@ -1,5 +1,7 @@
 #include "fonts/BarCodeRules.h"
 
+#include <iterator>
+
 #include "fonts/SymbologyRules.h"
 
 namespace ostvt {
@@ -10,7 +12,7 @@ using Field = BarCodeField;
 
 // A field's values from First to Last demand that a symbology's flags have any, or none, of these.
 struct ValueRule {
-  uint16_t Symbology;
+  uint64_t Symbologies;
   Field Of;
   uint16_t First;
   uint16_t Last;
@@ -21,80 +23,48 @@ struct ValueRule {
 
 constexpr Demand kNeeds = Demand::kAnyOf;
 constexpr Demand kBars = Demand::kNoneOf;
-constexpr uint32_t kAttached = 0x1F;
+constexpr uint64_t kRetail = SymbologySet(7, 8, 9, 10);
+constexpr uint16_t kOwn = UINT16_MAX;  // the flags are the symbology's own
 
 constexpr ValueRule kValueRules[] = {
     // Code128: a subset of its own where only the printer chooses.
-    {3, Field::kOption1, 1, 3, kBars, 0x2, 3},
-    {3, Field::kOption1, 5, 5, kBars, 0x2, 3},
+    {SymbologySet(3), Field::kOption1, 1, 3, kBars, kEncodesByItself, kOwn},
+    {SymbologySet(3), Field::kOption1, 5, 5, kBars, kEncodesByItself, kOwn},
     // The retail codes: supplements that can be attached.
-    {7, Field::kSupplement, 2, 2, kNeeds, kAttached, kSupplemental2},
-    {7, Field::kSupplement, 5, 5, kNeeds, kAttached, kSupplemental5},
-    {7, Field::kSupplement, 65535, 65535, kNeeds, kAttached, kSupplemental2},
-    {7, Field::kSupplement, 65535, 65535, kNeeds, kAttached, kSupplemental5},
-    {8, Field::kSupplement, 2, 2, kNeeds, kAttached, kSupplemental2},
-    {8, Field::kSupplement, 5, 5, kNeeds, kAttached, kSupplemental5},
-    {8, Field::kSupplement, 65535, 65535, kNeeds, kAttached, kSupplemental2},
-    {8, Field::kSupplement, 65535, 65535, kNeeds, kAttached, kSupplemental5},
-    {9, Field::kSupplement, 2, 2, kNeeds, kAttached, kSupplemental2},
-    {9, Field::kSupplement, 5, 5, kNeeds, kAttached, kSupplemental5},
-    {9, Field::kSupplement, 65535, 65535, kNeeds, kAttached, kSupplemental2},
-    {9, Field::kSupplement, 65535, 65535, kNeeds, kAttached, kSupplemental5},
-    {10, Field::kSupplement, 2, 2, kNeeds, kAttached, kSupplemental2},
-    {10, Field::kSupplement, 5, 5, kNeeds, kAttached, kSupplemental5},
-    {10, Field::kSupplement, 65535, 65535, kNeeds, kAttached, kSupplemental2},
-    {10, Field::kSupplement, 65535, 65535, kNeeds, kAttached, kSupplemental5},
+    {kRetail, Field::kSupplement, 2, 2, kNeeds, kAnyAttached, kSupplemental2},
+    {kRetail, Field::kSupplement, 5, 5, kNeeds, kAnyAttached, kSupplemental5},
+    {kRetail, Field::kSupplement, 65535, 65535, kNeeds, kAnyAttached, kSupplemental2},
+    {kRetail, Field::kSupplement, 65535, 65535, kNeeds, kAnyAttached, kSupplemental5},
     // PDF417: truncated.
-    {15, Field::kWord2, 1, 65535, kBars, 0x1, 15},
-    // DataMatrix: the levels of correction; never where it finds its own size.
-    {16, Field::kWord1, 0, 0, kNeeds, 0x1, 16},
-    {16, Field::kWord1, 10, 10, kNeeds, 0x2, 16},
-    {16, Field::kWord1, 40, 40, kNeeds, 0x4, 16},
-    {16, Field::kWord1, 50, 50, kNeeds, 0x8, 16},
-    {16, Field::kWord1, 60, 60, kNeeds, 0x10, 16},
-    {16, Field::kWord1, 70, 70, kNeeds, 0x20, 16},
-    {16, Field::kWord1, 80, 80, kNeeds, 0x40, 16},
-    {16, Field::kWord1, 90, 90, kNeeds, 0x80, 16},
-    {16, Field::kWord1, 100, 100, kNeeds, 0x100, 16},
-    {16, Field::kWord1, 110, 110, kNeeds, 0x200, 16},
-    {16, Field::kWord1, 120, 120, kNeeds, 0x400, 16},
-    {16, Field::kWord1, 130, 130, kNeeds, 0x800, 16},
-    {16, Field::kWord1, 140, 140, kNeeds, 0x1000, 16},
-    {16, Field::kWord1, 200, 200, kNeeds, 0x2000, 16},
-    {16, Field::kWord0, 0, 65535, kBars, 0x100000, 16},
+    {SymbologySet(15), Field::kWord2, 1, 65535, kBars, kPdfTruncated, kOwn},
+    // DataMatrix: never where it finds its own size. Its levels of correction: IsLevelPrintable.
+    {SymbologySet(16), Field::kWord0, 0, 65535, kBars, kDataMatrixFindsItsSize, kOwn},
     // MaxiCode: the modes.
-    {17, Field::kWord1, 2, 2, kNeeds, 0x1, 17},
-    {17, Field::kWord1, 3, 3, kNeeds, 0x2, 17},
-    {17, Field::kWord1, 4, 4, kNeeds, 0x4, 17},
-    {17, Field::kWord1, 5, 5, kNeeds, 0x8, 17},
-    {17, Field::kWord1, 6, 6, kNeeds, 0x10, 17},
-    // QRCode: the model, and a mask by hand.
-    {18, Field::kWord1, 1, 1, kNeeds, 0x1, 18},
-    {18, Field::kWord1, 2, 2, kNeeds, 0x2, 18},
-    {18, Field::kWord2, 0, 8, kNeeds, 0x10, 18},
+    {SymbologySet(17), Field::kWord1, 2, 2, kNeeds, kMaxiCodeMode2, kOwn},
+    {SymbologySet(17), Field::kWord1, 3, 3, kNeeds, kMaxiCodeMode3, kOwn},
+    {SymbologySet(17), Field::kWord1, 4, 4, kNeeds, kMaxiCodeMode4, kOwn},
+    {SymbologySet(17), Field::kWord1, 5, 5, kNeeds, kMaxiCodeMode5, kOwn},
+    {SymbologySet(17), Field::kWord1, 6, 6, kNeeds, kMaxiCodeMode6, kOwn},
+    // QRCode: the model. It and MicroQRCode: a mask by hand.
+    {SymbologySet(18), Field::kWord1, 1, 1, kNeeds, kQrModel1, kOwn},
+    {SymbologySet(18), Field::kWord1, 2, 2, kNeeds, kQrModel2, kOwn},
+    {SymbologySet(18, 37), Field::kWord2, 0, 8, kNeeds, kQrMaskManual, kOwn},
     // MicroPDF417: columns of its own choice.
-    {28, Field::kWord3, 0, 0, kBars, 0x1, 28},
-    // MicroQRCode: a mask by hand.
-    {37, Field::kWord2, 0, 8, kNeeds, 0x10, 37},
+    {SymbologySet(28), Field::kWord3, 0, 0, kBars, kMicroPdfSizeAutomatic, kOwn},
 };
 
-// Fields that have no values but those of the rules.
-struct ClosedField {
-  uint16_t Symbology;
-  Field Of;
-};
-constexpr ClosedField kClosedFields[] = {{kDataMatrix, Field::kWord1}};
-
-bool IsMet(const ValueRule& rule, const CapabilitiesData& capabilities) {
-  const bool hasAny = (capabilities.Rows[rule.FlagsOf].Flags & rule.Flags) != 0;
-  return hasAny == (rule.Demands == Demand::kAnyOf);
-}
-
-bool IsClosed(const ValueRule& rule) {
-  for (const ClosedField& field : kClosedFields) {
-    if (field.Symbology == rule.Symbology && field.Of == rule.Of) return true;
+// DataMatrix has no levels but those of the table, and of them those that the model lists.
+bool IsLevelPrintable(uint16_t level, uint32_t flags) {
+  for (size_t i = 0; i < std::size(kDataMatrixLevels); ++i) {
+    if (kDataMatrixLevels[i] == level) return (flags >> i & 1) != 0;
   }
   return false;
+}
+
+bool IsMet(const ValueRule& rule, uint16_t symbology, const CapabilitiesData& capabilities) {
+  const uint16_t flagsOf = rule.FlagsOf == kOwn ? symbology : rule.FlagsOf;
+  const bool hasAny = (capabilities.Rows[flagsOf].Flags & rule.Flags) != 0;
+  return hasAny == (rule.Demands == Demand::kAnyOf);
 }
 
 // Wide bars that are Wide / Narrow of the narrow one in whole dots; a narrow bar that Narrow
@@ -105,11 +75,10 @@ struct RatioRule {
   int32_t Narrow;
 };
 constexpr RatioRule kRatioRules[] = {
-    {0x2000, 2, 1},    {0x4000, 11, 5},   {0x8000, 9, 4},   {0x10000, 7, 3},
-    {0x20000, 12, 5},  {0x40000, 5, 2},   {0x80000, 13, 5}, {0x100000, 8, 3},
-    {0x200000, 11, 4}, {0x400000, 14, 5}, {0x800000, 3, 1},
+    {kRatio2To1, 2, 1},   {kRatio11To5, 11, 5}, {kRatio9To4, 9, 4},   {kRatio7To3, 7, 3},
+    {kRatio12To5, 12, 5}, {kRatio5To2, 5, 2},   {kRatio13To5, 13, 5}, {kRatio8To3, 8, 3},
+    {kRatio11To4, 11, 4}, {kRatio14To5, 14, 5}, {kRatio3To1, 3, 1},
 };
-constexpr uint32_t kAllRatios = 0xFFF000;
 
 }  // namespace
 
@@ -117,16 +86,17 @@ bool IsValuePrintable(uint16_t symbology, BarCodeField field, uint16_t value,
                       const CapabilitiesData& capabilities) {
   if (symbology >= kSymbologyRows) return true;
   if (capabilities.Rows[symbology].Present == 0) return false;
-  bool isClosed = false;
-  bool isListed = false;
-  for (const ValueRule& rule : kValueRules) {
-    if (rule.Symbology != symbology || rule.Of != field) continue;
-    isClosed |= IsClosed(rule);
-    if (value < rule.First || value > rule.Last) continue;
-    if (!IsMet(rule, capabilities)) return false;
-    isListed = true;
+  if (symbology == kDataMatrix && field == Field::kWord1) {
+    return IsLevelPrintable(value, capabilities.Rows[symbology].Flags);
   }
-  return isListed || !isClosed;
+  for (const ValueRule& rule : kValueRules) {
+    if ((rule.Symbologies >> symbology & 1) == 0 || rule.Of != field || value < rule.First ||
+        value > rule.Last) {
+      continue;
+    }
+    if (!IsMet(rule, symbology, capabilities)) return false;
+  }
+  return true;
 }
 
 bool IsPrintable(const BarCodeFont& font, const CapabilitiesData& capabilities) {
@@ -143,7 +113,7 @@ bool IsPrintable(const BarCodeFont& font, const CapabilitiesData& capabilities) 
 }
 
 bool IsRatioAllowed(int32_t narrowBar, int32_t wideBar, uint32_t flags) {
-  if ((flags & kAllRatios) == 0 || (flags & kRatioVariable) != 0) return true;
+  if ((flags & kAnyRatio) == 0 || (flags & kRatioVariable) != 0) return true;
   for (const RatioRule& rule : kRatioRules) {
     if ((flags & rule.Flag) != 0 && narrowBar % rule.Narrow == 0 &&
         int64_t{rule.Narrow} * wideBar == int64_t{rule.Wide} * narrowBar) {

@@ -11,6 +11,13 @@ namespace {
 constexpr int32_t kHundredths = 100;
 constexpr uint16_t kLastRotation = 3;
 constexpr int32_t kStartHeightMils = 65;
+constexpr uint16_t kFirstStartStop = 'a';
+
+// Codabar's character as it is kept; 0 for what is none.
+uint16_t StartStopOf(uint16_t code) {
+  if (code >= 'A' && code <= 'D') return static_cast<uint16_t>(code - 'A' + 'a');
+  return code >= 'a' && code <= 'd' ? code : uint16_t{0};
+}
 
 }  // namespace
 
@@ -56,6 +63,23 @@ void BarCodeFont::ClearBody() {
   Linear.Reserved5 = 1;
   Linear.Reserved6 = 1;
   SetHeightMils(kStartHeightMils);
+}
+
+bool BarCodeFont::SetStartStop(char start, char stop) {
+  const uint16_t first = StartStopOf(static_cast<uint8_t>(start));
+  const uint16_t last = StartStopOf(static_cast<uint8_t>(stop));
+  if (GetSymbology() != kCodabar || IsMatrix() || first == 0 || last == 0) return false;
+  Linear.Option1 = first;
+  Linear.Option2 = last;
+  return true;
+}
+
+void BarCodeFont::SettleStartStop() {
+  if (GetSymbology() != kCodabar || IsMatrix()) return;
+  const uint16_t first = StartStopOf(Linear.Option1);
+  const uint16_t last = StartStopOf(Linear.Option2);
+  Linear.Option1 = first != 0 ? first : kFirstStartStop;
+  Linear.Option2 = last != 0 ? last : kFirstStartStop;
 }
 
 void BarCodeFont::SetSymbology(uint16_t number) {

@@ -3,7 +3,7 @@
 #include <cstring>
 
 #include "core/OFile.h"
-#include "fonts/OptionalFont.h"
+#include "fonts/FontFields.h"
 
 namespace ostvt {
 namespace {

@@ -1,5 +1,8 @@
 #include "fonts/CodePageChoices.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "fonts/CodePageTable.h"
 #include "fonts/CustomCharacterSetTable.h"
 #include "fonts/EncodingDisplayName.h"
@@ -72,6 +75,11 @@ int32_t FindFallbackChoice(const std::vector<CodePageChoice>& choices, const OSt
     if (choice.SourceCodePage == ansiPage && choice.CodePage == ansiPage) return i;
   }
   return count > 0 ? 0 : -1;
+}
+
+bool IsDataFontCodePage(uint32_t page) {
+  return std::find(std::begin(kDataFontPages), std::end(kDataFontPages), page) !=
+         std::end(kDataFontPages);
 }
 
 void ListDataFontCodePages(WordArray* pages) {

@@ -36,5 +36,7 @@ int32_t FindFallbackChoice(const std::vector<CodePageChoice>& choices, const OSt
 
 // The pages for data fonts, as far as the system knows them, in their order. Replaces the content.
 void ListDataFontCodePages(WordArray* pages);
+// One of these, whether the system knows it or not.
+bool IsDataFontCodePage(uint32_t page);
 
 }  // namespace ostvt

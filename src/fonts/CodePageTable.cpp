@@ -1,6 +1,6 @@
 #include "fonts/CodePageTable.h"
 
-#include "fonts/OptionalFont.h"
+#include "fonts/FontFields.h"
 #include "fonts/ScriptCodePages.h"
 #include "platform/CodePages.h"
 
@@ -9,9 +9,6 @@ namespace {
 
 constexpr int32_t kFirstPrintable = 32;
 constexpr int32_t kFirstHigh = platform::kFirstHighByte;
-
-// Systems put bytes that a page leaves open there, so that they can turn them back.
-bool IsPrivateUse(char16_t unit) { return unit >= 0xE000 && unit <= 0xF8FF; }
 
 void FillIdentity(WordArray* table, int32_t from) {
   for (int32_t code = from; code < kEncodingEntries; ++code) {
@@ -39,7 +36,7 @@ void BuildCodePageTable(uint32_t page, WordArray* table) {
   char16_t units[platform::kHighBytes];
   if (!platform::HighBytesToWide(page, units)) return;
   for (int32_t i = 0; i < platform::kHighBytes; ++i) {
-    (*table)[kFirstHigh + i] = IsPrivateUse(units[i]) ? 0 : units[i];
+    (*table)[kFirstHigh + i] = units[i];
   }
 }
 

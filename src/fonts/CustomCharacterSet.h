@@ -3,8 +3,8 @@
 
 #include <cstdint>
 
-#include "core/Arrays.h"
 #include "core/OString.h"
+#include "fonts/FontFields.h"
 #include "platform/CodePages.h"
 
 namespace ostvt {
@@ -13,7 +13,7 @@ struct CustomCharacterSet {
   OString Name;  // the record's key
   // The code page that it was made from.
   uint16_t SourceCodePage = static_cast<uint16_t>(platform::AnsiCodePage());
-  WordArray EncodingTable;  // printer's character code to Unicode; empty or kEncodingEntries
+  EncodingArray EncodingTable;  // printer's character code to Unicode; empty or kEncodingEntries
 };
 
 }  // namespace ostvt

@@ -10,6 +10,8 @@
 namespace ostvt {
 namespace {
 
+using platform::KeyStoreTransaction;
+
 constexpr char kRoot[] = "DATA:Custom Character Sets";
 constexpr char kName[] = "Name";
 constexpr char kSourceCodePage[] = "Source Code Page";
@@ -35,6 +37,8 @@ void CustomCharacterSetTable::Load(PrinterModel* model) {
   Sets.clear();
   if (model) {
     const PrinterRegistry& store = model->GetStore();
+    // Nobody may write between the list of the keys and their values.
+    const KeyStoreTransaction reading(store.GetDataHive(), KeyStoreTransaction::Purpose::kRead);
     OStringArray keys;
     ListFontKeys(store, kRoot, &keys);
     for (int32_t i = 0; i < keys.Count; ++i) {
@@ -52,17 +56,8 @@ void CustomCharacterSetTable::Load(PrinterModel* model) {
 bool CustomCharacterSetTable::Save(PrinterModel* model) {
   const uint32_t signature = Signature();
   if (signature == LoadedSignature || !model) return false;
-  std::vector<OString> names;
-  for (const auto& set : Sets) {
-    if (IsKeyName(set->Name)) names.push_back(set->Name);
-  }
-  PrinterRegistry& store = model->GetStore();
-  FontBranchWriting writing(store, kRoot, names);
-  if (!writing.IsOpen()) return false;
-  for (const auto& set : Sets) {
-    if (IsKeyName(set->Name)) writing.Check(Write(store, writing.Begin(set->Name), *set));
-  }
-  if (!writing.Commit()) return false;
+  const auto nameOf = [](const CustomCharacterSet& set) { return set.Name; };
+  if (!RewriteFontBranch(model->GetStore(), kRoot, Sets, nameOf, Write)) return false;
   LoadedSignature = signature;
   return true;
 }

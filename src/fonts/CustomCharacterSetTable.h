@@ -22,13 +22,15 @@ class CustomCharacterSetTable {
   // Empties the table and reads what the store has. Null: stays empty.
   void Load(PrinterModel* model);
   // True if it wrote; false if nothing had changed since Load or Save, or if the store took it not:
-  // the next call then tries again. What IsKeyName (FontRecords.h) refuses isn't stored.
+  // the next call then tries again. What IsKeyName (FontRecords.h) refuses isn't stored, and of
+  // sets whose names differ in case alone the last one is.
   bool Save(PrinterModel* model);
   // Changes with every field of every record.
   uint32_t Signature() const;
 
   int32_t GetCount() const { return static_cast<int32_t>(Sets.size()); }
   CustomCharacterSet* GetAt(int32_t index) const;  // null if `index` is none
+  // Null adds nothing. Whether the name is there already isn't asked.
   void Add(std::unique_ptr<CustomCharacterSet> set);
   int32_t Find(const OString& name) const;  // -1 if there is none
   bool Remove(const OString& name);

@@ -41,12 +41,12 @@ void DataFont::CopyFrom(const DataFont& other) {
   CopyBytes(Body, other.Body, BodyRoom);
 }
 
-void DataFont::SetName(const OString& name) {
+OString DataFont::CleanName(OString name) {
   constexpr char kWhiteSpace[] = " \t\r\n";
-  Name = name;
-  Name.Remove('"');
-  Name.TrimLeft(kWhiteSpace);
-  Name.TrimRight(kWhiteSpace);
+  name.Remove('"');
+  name.TrimLeft(kWhiteSpace);
+  name.TrimRight(kWhiteSpace);
+  return name;
 }
 
 void DataFont::GetBlob(Buffer* blob) const {
@@ -70,11 +70,14 @@ bool DataFont::SetBlob(const void* blob, uint32_t size) {
   const uint8_t* body = bytes + sizeof(Header);
   uint16_t stated = 0;
   CopyBytes(&stated, body, sizeof(stated));
-  // What a matrix code's body leaves of the room is zero.
+  // What a matrix code's body leaves of the room is zero, but it may say that it fills it.
   if (kind == kDataFontMatrix) FillBytes(Body, 0, BodyRoom);
-  const uint32_t there = std::min<uint32_t>(size - kDataFontHeaderSize, bodySize);
-  CopyBytes(Body, body, std::min<uint32_t>(stated, there));
-  CopyBytes(Body, &bodySize, sizeof(bodySize));
+  const uint32_t there = std::min(size - kDataFontHeaderSize, BodyRoom);
+  const uint32_t taken = std::min<uint32_t>(stated, there);
+  CopyBytes(Body, body, taken);
+  const auto settled = static_cast<uint16_t>(std::max<uint32_t>(taken, bodySize));
+  CopyBytes(Body, &settled, sizeof(settled));
+  Settle();
   return true;
 }
 

@@ -22,15 +22,18 @@ class DataFont {
   bool IsRfid() const { return Header.Kind == kDataFontRfid; }
   // Of any length; the stored form keeps 32 bytes of it.
   const OString& GetName() const { return Name; }
-  // Without double quotes, and without blanks and line ends at both ends.
-  void SetName(const OString& name);
+  // Cleaned.
+  void SetName(const OString& name) { Name = CleanName(name); }
+  // A name as fonts have it: without double quotes, and without blanks and line ends at both ends.
+  static OString CleanName(OString name);
 
   // The stored form, kBarCodeBlobSize or kRfidBlobSize bytes.
   uint32_t GetBlobSize() const { return kDataFontHeaderSize + BodyRoom; }
   void GetBlob(Buffer* blob) const;
   // Takes a stored form over, its name apart. Of the body, what the blob has and what the body's
-  // own size says, at most what its kind can hold; the rest stays, or is zero in a matrix code.
-  // False, with nothing changed, if the blob is too short or of a kind that isn't this class's.
+  // own size says, at most the 96 bytes of a bar code or the 156 of an RFID font; the rest stays,
+  // or is zero in a matrix code. The body's size becomes its kind's, unless more was taken. False,
+  // with nothing changed, if the blob is too short or of a kind that isn't this class's.
   bool SetBlob(const void* blob, uint32_t size);
 
   DataFontHeader Header;  // its Name isn't kept up; see GetName
@@ -39,6 +42,8 @@ class DataFont {
   DataFont(void* body, uint32_t bodyRoom) : Body(static_cast<uint8_t*>(body)), BodyRoom(bodyRoom) {}
   // From one of the same class.
   void CopyFrom(const DataFont& other);
+  // Brings a stored form that was taken over to what its class always has.
+  virtual void Settle() {}
 
  private:
   OString Name;

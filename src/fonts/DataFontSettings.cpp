@@ -1,6 +1,7 @@
 #include "fonts/DataFontSettings.h"
 
 #include "fonts/CodePageCharSet.h"
+#include "fonts/CodePageChoices.h"
 #include "fonts/DataFontTable.h"
 #include "fonts/MessageTexts.h"
 
@@ -13,24 +14,14 @@ constexpr int32_t kRfidNameMessage = 1616;
 constexpr uint32_t kUtf7 = 65000;
 constexpr uint32_t kUtf8 = 65001;
 
-// DOS pages have their Windows relatives' sets here.
-struct PageSet {
-  uint32_t CodePage;
-  uint8_t CharacterSet;
-};
-constexpr PageSet kPageSets[] = {
-    {737, 161},  {775, 186},  {850, 0},    {852, 238},  {855, 204},  {857, 162},
-    {862, 177},  {866, 204},  {869, 161},  {874, 222},  {932, 128},  {936, 134},
-    {949, 129},  {950, 136},  {1250, 238}, {1251, 204}, {1252, 0},   {1253, 161},
-    {1254, 162}, {1255, 177}, {1256, 178}, {1257, 186}, {1258, 163},
-};
 constexpr uint8_t kDefaultCharacterSet = 1;
 
+// Pages that aren't offered for data fonts have the default, whatever set the system has for them.
 uint8_t CharacterSetOf(uint32_t codePage) {
-  for (const PageSet& each : kPageSets) {
-    if (each.CodePage == codePage) return each.CharacterSet;
-  }
-  return kDefaultCharacterSet;
+  if (!IsDataFontCodePage(codePage)) return kDefaultCharacterSet;
+  int charset = CharsetOfWindowsCodePage(codePage);
+  if (charset < 0) charset = CharsetOfDosCodePage(codePage);
+  return charset < 0 ? kDefaultCharacterSet : static_cast<uint8_t>(charset);
 }
 
 }  // namespace
@@ -42,7 +33,7 @@ void NameDataFont(DataFont* font, const OString& typed, const MessageTexts& text
 }
 
 DataFont* FindOtherOfName(const DataFontTable& table, const OString& name, const DataFont* edited) {
-  DataFont* found = table.Find(name);
+  DataFont* found = table.Find(DataFont::CleanName(name));
   return found == edited ? nullptr : found;
 }
 

@@ -17,8 +17,8 @@ inline constexpr int32_t kReplaceMessage = 1330;
 
 // Gives the font the name that was typed, or one of the language if nothing remains of it.
 void NameDataFont(DataFont* font, const OString& typed, const MessageTexts& texts);
-// Another record with `name`; null if there is none. `edited` is the record that is being edited,
-// null for a new one.
+// Another record of the name that `name` becomes once it is set; null if there is none. `edited` is
+// the record that is being edited, null for a new one.
 DataFont* FindOtherOfName(const DataFontTable& table, const OString& name, const DataFont* edited);
 
 // Of the text that applications send.

@@ -4,10 +4,13 @@
 #include <utility>
 
 #include "fonts/FontRecords.h"
+#include "fonts/NameIndex.h"
 #include "model/PrinterModel.h"
 
 namespace ostvt {
 namespace {
+
+using platform::KeyStoreTransaction;
 
 constexpr char kRoot[] = "DATA:Data Fonts";
 constexpr char kName[] = "Name";
@@ -44,15 +47,27 @@ DataFontTable& DataFontTable::operator=(const DataFontTable& other) {
   return *this;
 }
 
-// The lock comes last: whoever holds it asks for no other.
+// What the model is asked for comes first: it has locks of its own, under which others use the
+// store. Then the store, then the lock: whoever holds that asks for no other.
 void DataFontTable::Load(PrinterModel* model) {
-  OStringArray keys;
-  if (model) ListFontKeys(model->GetStore(), kRoot, &keys);
-  const bool withRfid = keys.Count > 0 && model->IsRfidEnabled();
+  int32_t stored = 0;
+  if (model) model->GetStore().GetKeyInfo(kRoot, &stored, nullptr);
+  if (stored == 0) return LoadFrom(nullptr, false);
+  const bool withRfid = model->IsRfidEnabled();
+  PrinterRegistry& store = model->GetStore();
+  // Nobody may write between the list of the keys and their values.
+  const KeyStoreTransaction reading(store.GetDataHive(), KeyStoreTransaction::Purpose::kRead);
+  LoadFrom(&store, withRfid);
+}
+
+void DataFontTable::LoadFrom(const PrinterRegistry* store, bool withRfid) {
   const platform::LockGuard guard(Lock);
   Fonts.clear();
+  OStringArray keys;
+  if (store) ListFontKeys(*store, kRoot, &keys);
+  NameIndex index;
   for (int32_t i = 0; i < keys.Count; ++i) {
-    AddOrReplace(Read(model->GetStore(), FontKeyPath(kRoot, keys[i]), withRfid));
+    AddOrReplace(Read(*store, FontKeyPath(kRoot, keys[i]), withRfid), &index);
   }
   LoadedSignature = Signature();
 }
@@ -60,15 +75,16 @@ void DataFontTable::Load(PrinterModel* model) {
 bool DataFontTable::Save(PrinterModel* model) {
   if (!model) return false;
   PrinterRegistry& store = model->GetStore();
+  KeyStoreTransaction saving(store.GetDataHive(), KeyStoreTransaction::Purpose::kWrite);
+  if (!saving.IsOpen()) return false;
   const platform::LockGuard guard(Lock);
   std::vector<OString> numbers;
   for (int32_t i = 0; i < GetCount(); ++i) numbers.push_back(OString::FromInt(i, kNumberDigits));
   FontBranchWriting writing(store, kRoot, numbers);
-  if (!writing.IsOpen()) return false;
   for (size_t i = 0; i < Fonts.size(); ++i) {
     writing.Check(Write(store, writing.Begin(numbers[i]), *Fonts[i]));
   }
-  if (!writing.Commit()) return false;
+  if (!writing.Commit() || !saving.Commit()) return false;
   LoadedSignature = Signature();
   return true;
 }
@@ -98,13 +114,26 @@ int32_t DataFontTable::IndexOf(const OString& name) const {
 DataFont* DataFontTable::Find(const OString& name) const { return GetAt(IndexOf(name)); }
 
 void DataFontTable::AddOrReplace(std::unique_ptr<DataFont> font) {
+  NameIndex index;
+  IndexNames(&index);
+  AddOrReplace(std::move(font), &index);
+}
+
+void DataFontTable::AddOrReplace(std::unique_ptr<DataFont> font, NameIndex* index) {
   if (!font) return;
-  const int32_t index = IndexOf(font->GetName());
-  if (index >= 0) {
-    Fonts[static_cast<size_t>(index)] = std::move(font);
+  const int32_t place = index->Find(font->GetName(), [&](int32_t each) {
+    return GetAt(each)->GetName().CompareNoCase(font->GetName()) == 0;
+  });
+  if (place >= 0) {
+    Fonts[static_cast<size_t>(place)] = std::move(font);
   } else {
+    index->Add(font->GetName());
     Fonts.push_back(std::move(font));
   }
+}
+
+void DataFontTable::IndexNames(NameIndex* index) const {
+  for (const auto& font : Fonts) index->Add(font->GetName());
 }
 
 bool DataFontTable::Remove(const DataFont* font) {

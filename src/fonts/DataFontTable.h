@@ -14,9 +14,11 @@
 
 namespace ostvt {
 
+class NameIndex;
 class OFile;
 class OStream;
 class PrinterModel;
+class PrinterRegistry;
 
 class DataFontTable {
  public:
@@ -35,7 +37,8 @@ class DataFontTable {
   int32_t WriteBarCodeText(OStream& stream) const;
   int32_t WriteRfidText(OStream& stream, PrinterModel* model) const;
   // The records of the whole file that are meant for `model` and that it can print or write,
-  // brought to its resolution or its tags; how many were taken in. Without a model, none.
+  // brought to its resolution or its tags; how many were taken in, which is more than have become
+  // records where several have one name. Without a model, none.
   int32_t ReadBarCodeText(OFile& stream, PrinterModel* model);
   int32_t ReadRfidText(OFile& stream, PrinterModel* model);
   // The same for the bar codes of an "SBF1" file, from where the stream stands.
@@ -49,9 +52,13 @@ class DataFontTable {
   DataFont* Find(const OString& name) const;  // null if there is none
   // In place of the record of its name, which goes, or behind the last one.
   void AddOrReplace(std::unique_ptr<DataFont> font);
+  // The same for many: `index` is of all that is here (see IndexNames), and is kept so.
+  void AddOrReplace(std::unique_ptr<DataFont> font, NameIndex* index);
+  void IndexNames(NameIndex* index) const;
   bool Remove(const DataFont* font);
 
  private:
+  void LoadFrom(const PrinterRegistry* store, bool withRfid);  // null: nothing
   int32_t IndexOf(const OString& name) const;
 
   platform::Lock Lock;

@@ -7,8 +7,8 @@
 #include "fonts/BarCodeFont.h"
 #include "fonts/DataFontTable.h"
 #include "fonts/FontText.h"
+#include "fonts/NameIndex.h"
 #include "fonts/RFIDFont.h"
-#include "fonts/SymbologyRules.h"
 #include "model/PrinterModel.h"
 
 namespace ostvt {
@@ -39,35 +39,37 @@ int32_t WriteFonts(OStream& stream, const DataFontTable& table, const char* kind
   return count;
 }
 
-// Codabar's start and stop, kept in lower case alone.
-uint16_t StartStopOf(uint16_t code) {
-  if (code >= 'A' && code <= 'D') return static_cast<uint16_t>(code - 'A' + 'a');
-  return code >= 'a' && code <= 'd' ? code : uint16_t{'a'};
-}
-
-// What all that comes from outside passes through. False if the model can't use it.
-bool TakeIn(DataFontTable* table, std::unique_ptr<BarCodeFont> font, PrinterModel* model) {
-  if (!font->IsValidFor(model)) return false;
-  if (font->GetSymbology() == kCodabar) {
-    font->Linear.Option1 = StartStopOf(font->Linear.Option1);
-    font->Linear.Option2 = StartStopOf(font->Linear.Option2);
+// What all that comes from outside passes through.
+class Intake {
+ public:
+  Intake(DataFontTable* table, PrinterModel* model) : Table(table), Model(model) {
+    Table->IndexNames(&Names);
   }
-  font->Rescale(model->GetDefaultResolutionX());
-  table->AddOrReplace(std::move(font));
-  return true;
-}
+  // False if the model can't use it.
+  bool Take(std::unique_ptr<BarCodeFont> font) {
+    if (!font->IsValidFor(Model)) return false;
+    font->SettleStartStop();
+    font->Rescale(Model->GetDefaultResolutionX());
+    Table->AddOrReplace(std::move(font), &Names);
+    return true;
+  }
+  bool Take(std::unique_ptr<RFIDFont> font) {
+    if (!font->IsValidFor(Model)) return false;
+    font->Normalise(Model);
+    Table->AddOrReplace(std::move(font), &Names);
+    return true;
+  }
 
-bool TakeIn(DataFontTable* table, std::unique_ptr<RFIDFont> font, PrinterModel* model) {
-  if (!font->IsValidFor(model)) return false;
-  font->Normalise(model);
-  table->AddOrReplace(std::move(font));
-  return true;
-}
+ private:
+  DataFontTable* Table;
+  PrinterModel* Model;
+  NameIndex Names;
+};
 
 template <typename Font>
 class Reader : public FontTextSink {
  public:
-  Reader(DataFontTable* table, PrinterModel* model) : Table(table), Model(model) {}
+  Reader(DataFontTable* table, PrinterModel* model) : Taking(table, model) {}
   void Open() override { Record = std::make_unique<Font>(); }
   void TakeValue(const OString& key, const OString& value) override {
     if (key == kName) {
@@ -83,11 +85,10 @@ class Reader : public FontTextSink {
       }
     }
   }
-  bool Close() override { return TakeIn(Table, std::move(Record), Model); }
+  bool Close() override { return Taking.Take(std::move(Record)); }
 
  private:
-  DataFontTable* Table;
-  PrinterModel* Model;
+  Intake Taking;
   std::unique_ptr<Font> Record;
 };
 
@@ -124,6 +125,7 @@ int32_t DataFontTable::ReadBinary(OFile& stream, PrinterModel* model) {
       size > kLargestRecord) {
     return 0;
   }
+  Intake taking(this, model);
   Buffer record;
   record.Resize(size);
   int32_t count = 0;
@@ -133,7 +135,7 @@ int32_t DataFontTable::ReadBinary(OFile& stream, PrinterModel* model) {
     OString name;
     name.AssignCount(font->Header.Name, kDataFontNameSize);
     font->SetName(name);
-    if (TakeIn(this, std::move(font), model)) ++count;
+    if (taking.Take(std::move(font))) ++count;
   }
   return count;
 }

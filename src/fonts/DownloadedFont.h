@@ -3,11 +3,10 @@
 
 #include <cstdint>
 
-#include "core/Arrays.h"
 #include "core/OString.h"
 #include "core/ObjectList.h"
+#include "fonts/FontFields.h"
 #include "fonts/FontInfo.h"
-#include "fonts/OptionalFont.h"
 
 namespace ostvt {
 
@@ -24,14 +23,8 @@ inline constexpr uint16_t kDownloadedNormal = 0;
 inline constexpr uint16_t kDownloadedTransient = 1;  // left out when all fonts are sent
 inline constexpr uint16_t kDownloadedLocal = 2;      // deleting it sends nothing to the printer
 
-class DownloadedFont : public ListItem {
- public:
-  DownloadedFont* GetNext() const { return static_cast<DownloadedFont*>(Next); }
+struct DownloadedFontFields {
   bool IsBitmap() const { return Type == kDownloadedBitmap; }
-  // All but the place in a list.
-  void TakeFieldsOf(const DownloadedFont& other);
-  // The same font, whatever it is called on the printer.
-  bool IsSameAs(const DownloadedFont& other) const;
 
   FontInfo Info = {};
   uint16_t Type = kDownloadedUnknown;
@@ -43,7 +36,18 @@ class DownloadedFont : public ListItem {
   // Bitmap fonts only.
   uint32_t PointSize = 120;  // tenths of a point
   uint32_t ScaleFactor = kWholeRatio;
-  WordArray EncodingTable;  // printer's character code to Unicode; empty or kEncodingEntries
+  EncodingArray EncodingTable;  // printer's character code to Unicode; empty or kEncodingEntries
+};
+
+class DownloadedFont : public ListItem, public DownloadedFontFields {
+ public:
+  DownloadedFont* GetNext() const { return static_cast<DownloadedFont*>(Next); }
+  // All but the place in a list.
+  void TakeFieldsOf(const DownloadedFontFields& other) {
+    static_cast<DownloadedFontFields&>(*this) = other;
+  }
+  // The same font, whatever it is called on the printer.
+  bool IsSameAs(const DownloadedFontFields& other) const;
 };
 
 }  // namespace ostvt

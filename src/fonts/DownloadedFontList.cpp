@@ -20,20 +20,7 @@ OString BaseName(const OString& fileName) {
 
 }  // namespace
 
-void DownloadedFont::TakeFieldsOf(const DownloadedFont& other) {
-  Info = other.Info;
-  Type = other.Type;
-  Status = other.Status;
-  FaceName = other.FaceName;
-  Weight = other.Weight;
-  Italic = other.Italic;
-  CharacterSet = other.CharacterSet;
-  PointSize = other.PointSize;
-  ScaleFactor = other.ScaleFactor;
-  EncodingTable.Copy(other.EncodingTable);
-}
-
-bool DownloadedFont::IsSameAs(const DownloadedFont& other) const {
+bool DownloadedFont::IsSameAs(const DownloadedFontFields& other) const {
   if (GetFullName(Info).CompareNoCase(GetFullName(other.Info)) != 0) return false;
   if (IsBitmap() != other.IsBitmap()) return false;
   return !IsBitmap() || (PointSize == other.PointSize && ScaleFactor == other.ScaleFactor &&

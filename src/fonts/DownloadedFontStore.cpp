@@ -1,25 +1,22 @@
 // The downloaded fonts' life in the store: numbered values in one key, and how many fonts they are.
-#include <algorithm>
 #include <memory>
 
 #include "fonts/DownloadedFontList.h"
 #include "fonts/FontRecords.h"
 #include "model/PrinterModel.h"
+#include "store/NumberedEntries.h"
 
 namespace ostvt {
 namespace {
 
+using platform::KeyStoreTransaction;
+
+// In front of the names of all values.
+constexpr char kFonts[] = "Fonts:Downloaded Font ";
 constexpr char kTotal[] = "Fonts:Downloaded Font Total";
-// A total that isn't below 0 or above this is believed.
-constexpr int32_t kLargestTotal = 9999;
 
 // In front of a font's values. The doubled colon is a plain one in their names.
-OString FontPath(int32_t number) {
-  OString path = "Fonts:Downloaded Font ";
-  path.AppendInt(number / 10);
-  path.AppendInt(number % 10);
-  return path + ":: ";
-}
+OString FontPath(int32_t number) { return kFonts + OString::FromInt(number, 2) + ":: "; }
 
 bool ReadSwitch(const ORegistry& store, const char* name) {
   return store.ReadByte(OString("Settings:Fonts/Downloaded:: ") + name, 1) != 0;
@@ -74,7 +71,7 @@ bool Write(ORegistry& store, const OString& path, const DownloadedFont& font) {
     return WriteEncodingTable(store, table, font.EncodingTable) && done;
   }
   // Another font's may lie there.
-  return (store.Delete(table, false) || store.GetValueSize(table) < 0) && done;
+  return store.ForgetValue(table) && done;
 }
 
 }  // namespace
@@ -88,15 +85,16 @@ void DownloadedFontList::Load(PrinterModel* model) {
   Enabled = ReadSwitch(store, "Enabled");
   AllowsMagnification = ReadSwitch(store, "Allow Magnifications");
   AlwaysUsesClosest = ReadSwitch(store, "Always Use Closest");
-  const int32_t total = std::clamp(store.ReadInt(kTotal, 0), 0, kLargestTotal);
+  // Nobody may write between the first font and the last.
+  const KeyStoreTransaction reading(store.GetDataHive(), KeyStoreTransaction::Purpose::kRead);
+  const int32_t total = CountEntries(store, kFonts);
   for (int32_t i = 1; i <= total; ++i) Append(Read(store, FontPath(i)).release());
 }
 
 bool DownloadedFontList::Save(PrinterModel* model) const {
   if (!model) return false;
   PrinterRegistry& store = model->GetStore();
-  platform::KeyStoreTransaction writing(store.GetDataHive(),
-                                        platform::KeyStoreTransaction::Purpose::kWrite);
+  KeyStoreTransaction writing(store.GetDataHive(), KeyStoreTransaction::Purpose::kWrite);
   if (!writing.IsOpen()) return false;
   bool done = true;
   int32_t count = 0;

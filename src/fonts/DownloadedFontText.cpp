@@ -1,5 +1,6 @@
 // Downloaded fonts as text records.
 #include <memory>
+#include <vector>
 
 #include "core/OFile.h"
 #include "core/PackedText.h"
@@ -7,6 +8,7 @@
 #include "fonts/FontRecords.h"
 #include "fonts/FontText.h"
 #include "fonts/FontValueText.h"
+#include "fonts/NameIndex.h"
 
 namespace ostvt {
 namespace {
@@ -85,12 +87,18 @@ void Write(FontTextWriter* writer, const DownloadedFont& font) {
 
 class Reader : public FontTextSink {
  public:
-  explicit Reader(DownloadedFontList* list) : List(list) {}
+  explicit Reader(DownloadedFontList* list) : List(list) {
+    for (DownloadedFont* font = List->GetFirst(); font; font = font->GetNext()) Note(font);
+  }
   void Open() override { Font = std::make_unique<DownloadedFont>(); }
   bool Close() override {
-    if (DownloadedFont* same = List->FindSame(*Font)) {
-      same->TakeFieldsOf(*Font);
+    const int32_t place = Names.Find(GetFullName(Font->Info), [&](int32_t each) {
+      return Fonts[static_cast<size_t>(each)]->IsSameAs(*Font);
+    });
+    if (place >= 0) {
+      Fonts[static_cast<size_t>(place)]->TakeFieldsOf(*Font);
     } else {
+      Note(Font.get());
       List->Append(Font.release());
     }
     return true;
@@ -136,7 +144,14 @@ class Reader : public FontTextSink {
     }
   }
 
+  void Note(DownloadedFont* font) {
+    Names.Add(GetFullName(font->Info));
+    Fonts.push_back(font);
+  }
+
   DownloadedFontList* List;
+  NameIndex Names;
+  std::vector<DownloadedFont*> Fonts;  // the list's, by place
   std::unique_ptr<DownloadedFont> Font;
 };
 

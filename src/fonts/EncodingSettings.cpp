@@ -17,10 +17,6 @@ bool AreEqual(const OStringArray& a, const OStringArray& b) {
   return true;
 }
 
-bool Forget(ORegistry& store, const OString& path) {
-  return store.Delete(path, false) || store.GetValueSize(path) < 0;
-}
-
 }  // namespace
 
 void EncodingSettings::Load(PrinterModel* model) {
@@ -48,7 +44,7 @@ bool EncodingSettings::Save(PrinterModel* model) {
   OStringArray ownList;
   model->GetEncodings(&ownList);
   const bool isOwn = AreEqual(Encodings, ownList);
-  if (!(isOwn ? Forget(store, kEncodings) : store.WriteMultiString(kEncodings, Encodings))) {
+  if (!(isOwn ? store.ForgetValue(kEncodings) : store.WriteMultiString(kEncodings, Encodings))) {
     return false;
   }
   LoadedSignature = signature;

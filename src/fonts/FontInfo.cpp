@@ -1,7 +1,6 @@
 #include "fonts/FontInfo.h"
 
-#include <string_view>
-
+#include "core/WholeUnits.h"
 #include "model/RecordText.h"
 
 namespace ostvt {
@@ -30,12 +29,7 @@ OString GetFilePath(const FontInfo& info) { return FieldText(info.FilePath); }
 void SetFullName(FontInfo* info, const OString& text) {
   constexpr size_t kUnits = sizeof(info->FullName) / sizeof(char16_t);
   FillBytes(info->FullName, 0, sizeof(info->FullName));
-  std::u16string_view wide = text.GetWide();
-  if (wide.size() >= kUnits) {
-    // Not inside a character.
-    const bool isPair = (wide[kUnits - 2] & 0xFC00) == 0xD800;
-    wide = wide.substr(0, isPair ? kUnits - 2 : kUnits - 1);
-  }
+  const std::u16string_view wide = WholeUnits(text.GetWide(), kUnits - 1);
   CopyBytes(info->FullName, wide.data(), wide.size() * sizeof(char16_t));
 }
 

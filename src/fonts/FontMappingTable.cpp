@@ -3,13 +3,15 @@
 #include <algorithm>
 #include <utility>
 
+#include "fonts/FontFields.h"
 #include "fonts/FontRecords.h"
 #include "fonts/FontValueText.h"
-#include "fonts/OptionalFont.h"
 #include "model/PrinterModel.h"
 
 namespace ostvt {
 namespace {
+
+using platform::KeyStoreTransaction;
 
 constexpr char kAliases[] = "DATA:Alias Fonts";
 constexpr char kSubstitutions[] = "DATA:Font Substitutions";
@@ -61,17 +63,11 @@ bool Write(ORegistry& store, const OString& key, const FontMapping& mapping) {
 
 bool WriteBranch(PrinterRegistry& store, uint16_t kind,
                  const std::vector<std::unique_ptr<FontMapping>>& mappings) {
-  std::vector<OString> keys;
-  for (const auto& mapping : mappings) {
-    if (mapping->Kind == kind && IsKeyName(mapping->Key())) keys.push_back(mapping->Key());
-  }
-  FontBranchWriting writing(store, RootOf(kind), keys);
-  if (!writing.IsOpen()) return false;
-  for (const auto& mapping : mappings) {
-    if (mapping->Kind != kind || !IsKeyName(mapping->Key())) continue;
-    writing.Check(Write(store, writing.Begin(mapping->Key()), *mapping));
-  }
-  return writing.Commit();
+  // Without a name a record is left out.
+  const auto nameOf = [kind](const FontMapping& mapping) {
+    return mapping.Kind == kind ? mapping.Key() : OString();
+  };
+  return RewriteFontBranch(store, RootOf(kind), mappings, nameOf, Write);
 }
 
 }  // namespace
@@ -80,6 +76,8 @@ void FontMappingTable::Load(PrinterModel* model) {
   Mappings.clear();
   if (model) {
     PrinterRegistry& store = model->GetStore();
+    // Nobody may write between the lists of the keys and their values.
+    const KeyStoreTransaction reading(store.GetDataHive(), KeyStoreTransaction::Purpose::kRead);
     for (const uint16_t kind : {kFontAlias, kFontSubstitution}) {
       OStringArray keys;
       ListFontKeys(store, RootOf(kind), &keys);
@@ -92,8 +90,12 @@ void FontMappingTable::Load(PrinterModel* model) {
 bool FontMappingTable::Save(PrinterModel* model) {
   if (!model) return false;
   PrinterRegistry& store = model->GetStore();
-  const bool aliases = WriteBranch(store, kFontAlias, Mappings);
-  if (!WriteBranch(store, kFontSubstitution, Mappings) || !aliases) return false;
+  // Both branches or none: theirs are part of this one.
+  KeyStoreTransaction writing(store.GetDataHive(), KeyStoreTransaction::Purpose::kWrite);
+  if (!writing.IsOpen() || !WriteBranch(store, kFontAlias, Mappings) ||
+      !WriteBranch(store, kFontSubstitution, Mappings) || !writing.Commit()) {
+    return false;
+  }
   LoadedSignature = Signature();
   return true;
 }

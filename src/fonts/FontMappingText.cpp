@@ -5,6 +5,7 @@
 #include "fonts/FontMappingTable.h"
 #include "fonts/FontText.h"
 #include "fonts/FontValueText.h"
+#include "fonts/NameIndex.h"
 
 namespace ostvt {
 namespace {
@@ -86,13 +87,16 @@ class Reader : public FontTextSink {
 
 }  // namespace
 
-void FontMappingTable::TakeIn(std::unique_ptr<FontMapping> mapping) {
-  for (auto& present : Mappings) {
-    if (present->Key().CompareNoCase(mapping->Key()) != 0) continue;
-    present = std::move(mapping);
-    return;
+void FontMappingTable::TakeIn(std::unique_ptr<FontMapping> mapping, NameIndex* index) {
+  const int32_t place = index->Find(mapping->Key(), [&](int32_t each) {
+    return GetAt(each)->Key().CompareNoCase(mapping->Key()) == 0;
+  });
+  if (place >= 0) {
+    Mappings[static_cast<size_t>(place)] = std::move(mapping);
+  } else {
+    index->Add(mapping->Key());
+    Add(std::move(mapping));
   }
-  Add(std::move(mapping));
 }
 
 int32_t FontMappingTable::WriteText(OStream& stream, uint16_t kind) const {
@@ -109,14 +113,17 @@ int32_t FontMappingTable::WriteText(OStream& stream, uint16_t kind) const {
 int32_t FontMappingTable::ReadText(OFile& stream, PrinterModel* model, uint16_t kind) {
   class TableReader : public Reader {
    public:
-    TableReader(uint16_t kind, FontMappingTable* table) : Reader(kind), Table(table) {}
+    TableReader(uint16_t kind, FontMappingTable* table) : Reader(kind), Table(table) {
+      for (const auto& mapping : Table->Mappings) Keys.Add(mapping->Key());
+    }
     bool Close() override {
-      Table->TakeIn(std::move(Mapping));
+      Table->TakeIn(std::move(Mapping), &Keys);
       return true;
     }
 
    private:
     FontMappingTable* Table;
+    NameIndex Keys;
   };
   TableReader reader(kind, this);
   return ReadFontText(stream, model, KindText(kind), &reader);

@@ -5,14 +5,15 @@
 #include <string_view>
 
 #include "core/PackedText.h"
-#include "fonts/OptionalFont.h"
+#include "core/WholeUnits.h"
+#include "fonts/FontFields.h"
+#include "store/NumberedEntries.h"
 
 namespace ostvt {
 namespace {
 
 constexpr int32_t kLargestBlob = 65536;
 constexpr size_t kLongestKey = 255;  // what the store takes, in 16-bit units
-constexpr int kLongestText = 4095;   // what its readers take with a NUL
 
 bool IsLess(const OString& a, const OString& b) { return a.Compare(b) < 0; }
 
@@ -56,11 +57,11 @@ bool WriteEncodingTable(ORegistry& store, const OString& path, const WordArray& 
 }
 
 bool WriteFontText(ORegistry& store, const OString& path, const OString& text) {
-  std::u16string_view wide = text.GetWide();
-  if (wide.size() <= size_t{kLongestText}) return store.WriteString(path, text);
-  const bool splitsPair = (wide[kLongestText - 1] & 0xFC00) == 0xD800;
+  const std::u16string_view whole = text.GetWide();
+  const std::u16string_view stored = WholeUnits(whole, kEntryTextUnits);
+  if (stored.size() == whole.size()) return store.WriteString(path, text);
   OString cut;
-  cut.AssignCount(wide.data(), kLongestText - (splitsPair ? 1 : 0));
+  cut.AssignCount(stored.data(), static_cast<int>(stored.size()));
   return store.WriteString(path, cut);
 }
 

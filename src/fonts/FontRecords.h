@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 #include "core/Arrays.h"
@@ -37,7 +38,8 @@ void SetEncodingTable(WordArray* table, const void* bytes, uint32_t size);
 // Leaves `table` as it is if there is no such value.
 void ReadEncodingTable(const ORegistry& store, const OString& path, WordArray* table);
 bool WriteEncodingTable(ORegistry& store, const OString& path, const WordArray& table);
-// Cut to what the store's readers take.
+// As many 16-bit units as the store's readers take, kEntryTextUnits, but no half character. False
+// if the store refused it.
 bool WriteFontText(ORegistry& store, const OString& path, const OString& text);
 // As one line of text; what isn't such a line leaves `table` as it is.
 OString EncodingTableText(const WordArray& table);
@@ -56,18 +58,21 @@ void ListFontKeys(const ORegistry& store, const OString& root, OStringArray* key
 // True if a key can be called so: not empty, without "\", and not longer than the store takes.
 bool IsKeyName(const OString& name);
 
-// A branch of the printer's store, a key for each record, that is written anew. Where the store
-// can't undo what isn't committed, whoever stops it loses one record at most.
+// A branch of the printer's store, a key for each record, that is written anew. Without Commit it
+// is undone; where the store can't undo, what was written stays, and whoever stops it loses one
+// record at most.
 class FontBranchWriting {
  public:
-  // `keys` are those that there are to be; what else lies below `root`, a key path, goes at once.
+  // `keys` are those that there are to be, as names, not escaped, which IsKeyName accepts; what
+  // else lies below `root`, a key path, goes at once. The store has one key for names that differ
+  // in case alone: of several records of such names the last one stays.
   FontBranchWriting(PrinterRegistry& store, const OString& root, const std::vector<OString>& keys);
   // False: the store takes no writes.
   bool IsOpen() const { return Done; }
-  // Empties a key. What stands in front of its values' names.
+  // Empties one of `keys`. What stands in front of its values' names.
   OString Begin(const OString& key);
   void Check(bool written) { Done = Done && written; }
-  // False if anything was refused.
+  // Once, at the end. False if anything was refused.
   bool Commit();
 
  private:
@@ -76,5 +81,28 @@ class FontBranchWriting {
   platform::KeyStoreTransaction Writing;
   bool Done;
 };
+
+// Writes a branch anew with those of `records` that have a name for their keys: `nameOf(record)`
+// accepted by IsKeyName. `write(store, path, record)` writes one's values, whose names go behind
+// `path`. False if the store refused anything.
+template <typename Record, typename NameOf, typename Write>
+bool RewriteFontBranch(PrinterRegistry& store, const OString& root,
+                       const std::vector<std::unique_ptr<Record>>& records, NameOf nameOf,
+                       Write write) {
+  std::vector<OString> names;
+  std::vector<const Record*> named;
+  for (const auto& record : records) {
+    const OString name = nameOf(*record);
+    if (!IsKeyName(name)) continue;
+    names.push_back(name);
+    named.push_back(record.get());
+  }
+  FontBranchWriting writing(store, root, names);
+  if (!writing.IsOpen()) return false;
+  for (size_t i = 0; i < named.size(); ++i) {
+    writing.Check(write(store, writing.Begin(names[i]), *named[i]));
+  }
+  return writing.Commit();
+}
 
 }  // namespace ostvt

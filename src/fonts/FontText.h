@@ -24,7 +24,8 @@ class FontTextWriter {
   OStream& Stream;
 };
 
-// What one pass over a text does with the records of its kind.
+// What one pass over a text does with the records of its kind. Values and an end come only for a
+// record that has begun.
 class FontTextSink {
  public:
   virtual ~FontTextSink() = default;
@@ -35,8 +36,8 @@ class FontTextSink {
   virtual bool Close() = 0;
 };
 
-// Passes over the whole of `stream`. `model` decides which records are meant for the printer; null:
-// those that are for all. How many were taken in.
+// Passes over the whole of `stream`, from its start, wherever it stands. `model` decides which
+// records are meant for the printer; null: those that are for all. How many were taken in.
 int32_t ReadFontText(OFile& stream, PrinterModel* model, const char* kind, FontTextSink* sink);
 
 }  // namespace ostvt

@@ -173,7 +173,15 @@ OString UnsignedText(uint32_t value) {
 uint16_t ParseWord(const OString& text) { return StoreWord(text.ToInt()); }
 
 uint32_t ParseUnsigned(const OString& text) {
-  return static_cast<uint32_t>(std::max(text.ToInt(), 0));
+  const int32_t number = text.ToInt();
+  if (number < kNumberLimit) return static_cast<uint32_t>(std::max(number, 0));
+  uint64_t value = 0;
+  const char16_t* at = text.GetWide();
+  while (*at < u'0' || *at > u'9') ++at;
+  for (; *at >= u'0' && *at <= u'9'; ++at) {
+    value = std::min<uint64_t>(value * 10 + (*at - u'0'), UINT32_MAX);
+  }
+  return static_cast<uint32_t>(value);
 }
 
 OString BoolText(bool value) { return value ? "true" : "false"; }

@@ -32,7 +32,8 @@ OString LocationText(uint32_t location);
 uint32_t ParseLocation(const OString& text);
 
 OString UnsignedText(uint32_t value);
-// Decimal, without a sign.
+// Decimal, without a sign. Where other numbers end at 2000000000, so that every record comes back
+// as it was written, the last one goes on to what its type holds.
 uint16_t ParseWord(const OString& text);
 uint32_t ParseUnsigned(const OString& text);
 OString BoolText(bool value);  // "true", "false"

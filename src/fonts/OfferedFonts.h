@@ -22,6 +22,8 @@ struct OfferedFontRules {
   uint32_t DefaultLocation = 0;
 };
 
+// `model` is never null here.
+
 // Providers in the order in which they are shown. True if the last one stands for the user's own
 // fonts: it has one item, which makes a new custom font.
 bool ListOfferedProviders(PrinterModel* model, const MessageTexts& texts, OStringArray* providers);

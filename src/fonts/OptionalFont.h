@@ -3,8 +3,9 @@
 
 #include <cstdint>
 
-#include "core/Arrays.h"
 #include "core/OString.h"
+#include "fonts/FontFields.h"
+#include "platform/CodePages.h"
 
 namespace ostvt {
 
@@ -13,16 +14,7 @@ inline constexpr uint16_t kOptionalFontBitmap = 2;
 inline constexpr uint16_t kOptionalFontPredefined = 0;  // of a font group of the model
 inline constexpr uint16_t kOptionalFontCustom = 1;      // the user's own
 
-// A ratio in 16.16: 100%.
-inline constexpr uint32_t kWholeRatio = 0x10000;
-// A table has so many entries or none.
-inline constexpr int32_t kEncodingEntries = 256;
-
 struct OptionalFont {
-  OptionalFont();
-  OptionalFont(const OptionalFont& other);
-  OptionalFont& operator=(const OptionalFont& other);
-
   bool IsCustom() const { return Category == kOptionalFontCustom; }
   bool IsBitmap() const { return Type == kOptionalFontBitmap; }
 
@@ -32,8 +24,9 @@ struct OptionalFont {
   uint16_t Category = kOptionalFontPredefined;
   OString Description;
   OString CharacterSet;  // the printer's
-  uint16_t CodePage;     // the system's ANSI page at first, as the next; custom fonts only
-  uint16_t SourceCodePage;
+  // Custom fonts only, as the next.
+  uint16_t CodePage = static_cast<uint16_t>(platform::AnsiCodePage());
+  uint16_t SourceCodePage = CodePage;
   OString FileName;         // on the printer
   OString FontId;           // the printer's
   OString FontGroup;        // that the record came from
@@ -45,7 +38,7 @@ struct OptionalFont {
   uint32_t NominalWidth = kWholeRatio;
   uint32_t HorizontalRatio = kWholeRatio;
   uint32_t VerticalRatio = kWholeRatio;
-  WordArray EncodingTable;  // printer's character code to Unicode; empty or kEncodingEntries
+  EncodingArray EncodingTable;  // printer's character code to Unicode; empty or kEncodingEntries
 };
 
 }  // namespace ostvt

@@ -6,6 +6,8 @@
 namespace ostvt {
 namespace {
 
+using platform::KeyStoreTransaction;
+
 constexpr char kRoot[] = "DATA:Optional Fonts";
 
 uint16_t ReadWord(const ORegistry& store, const OString& path) {
@@ -75,6 +77,8 @@ void OptionalFontTable::Load(PrinterModel* model) {
   Fonts.clear();
   if (model) {
     PrinterRegistry& store = model->GetStore();
+    // Nobody may write between the list of the keys and their values.
+    const KeyStoreTransaction reading(store.GetDataHive(), KeyStoreTransaction::Purpose::kRead);
     OStringArray keys;
     ListFontKeys(store, kRoot, &keys);
     for (int32_t i = 0; i < keys.Count; ++i) {
@@ -88,18 +92,10 @@ void OptionalFontTable::Load(PrinterModel* model) {
 
 bool OptionalFontTable::Save(PrinterModel* model) {
   if (!HasChanged() || !model) return false;
-  std::vector<OString> names;
-  for (const auto& font : Fonts) {
-    if (IsKeyName(font->Name)) names.push_back(font->Name);
-  }
-  PrinterRegistry& store = model->GetStore();
-  FontBranchWriting writing(store, kRoot, names);
-  if (!writing.IsOpen()) return false;
-  for (const auto& font : Fonts) {
-    if (IsKeyName(font->Name)) writing.Check(Write(store, writing.Begin(font->Name), *font));
-  }
-  if (!writing.Commit()) return false;
+  const auto nameOf = [](const OptionalFont& font) { return font.Name; };
+  if (!RewriteFontBranch(model->GetStore(), kRoot, Fonts, nameOf, Write)) return false;
   LoadedSignature = Signature();
+  ApplyExpansionFonts(model);
   return true;
 }
 

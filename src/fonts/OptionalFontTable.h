@@ -21,8 +21,10 @@ class OptionalFontTable {
  public:
   // Empties the table and reads what the store has. Null: stays empty.
   void Load(PrinterModel* model);
-  // True if it wrote; false if nothing had changed since Load or Save, or if the store took it not:
-  // the next call then tries again. What IsKeyName (FontRecords.h) refuses isn't stored.
+  // True if it wrote, and the model has the expansion fonts of ApplyExpansionFonts then; false if
+  // nothing had changed since Load or Save, or if the store took it not: the next call then tries
+  // again. What IsKeyName (FontRecords.h) refuses isn't stored, and of fonts whose names differ in
+  // case alone the last one is.
   bool Save(PrinterModel* model);
   // All records as text; how many.
   int32_t WriteText(OStream& stream) const;
@@ -34,9 +36,9 @@ class OptionalFontTable {
   bool HasChanged() const { return Signature() != LoadedSignature; }  // since Load or Save
 
   int32_t GetCount() const { return static_cast<int32_t>(Fonts.size()); }
-  OptionalFont* GetAt(int32_t index) const;  // null if `index` is none
-  void Add(std::unique_ptr<OptionalFont> font);
-  int32_t Find(const OString& name) const;  // -1 if there is none
+  OptionalFont* GetAt(int32_t index) const;      // null if `index` is none
+  void Add(std::unique_ptr<OptionalFont> font);  // null adds nothing
+  int32_t Find(const OString& name) const;       // -1 if there is none
   bool Remove(const OString& name);
   // The record of that name gives its place to `font`. False, and `font` goes, if there is none.
   bool ReplaceByName(const OString& name, std::unique_ptr<OptionalFont> font);

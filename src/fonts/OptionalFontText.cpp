@@ -5,6 +5,7 @@
 #include "fonts/FontRecords.h"
 #include "fonts/FontText.h"
 #include "fonts/FontValueText.h"
+#include "fonts/NameIndex.h"
 #include "fonts/OptionalFontTable.h"
 
 namespace ostvt {
@@ -53,15 +54,18 @@ void Write(FontTextWriter* writer, const OptionalFont& font) {
 
 class Reader : public FontTextSink {
  public:
-  explicit Reader(OptionalFontTable* table) : Table(table) {}
+  explicit Reader(OptionalFontTable* table) : Table(table) { NoteNames(); }
   void Open() override { Font = std::make_unique<OptionalFont>(); }
   bool Close() override {
-    const int32_t index = Table->Find(Font->Name);
-    if (index >= 0) {
-      *Table->GetAt(index) = *Font;
-    } else {
+    const bool isPattern = Font->Name.FindOneOf("*?") >= 0;
+    const int32_t place = isPattern ? Table->Find(Font->Name) : FindExact(Font->Name);
+    if (place < 0) {
+      Names.Add(Font->Name);
       Table->Add(std::move(Font));
+      return true;
     }
+    *Table->GetAt(place) = *Font;
+    if (isPattern) NoteNames();  // the record's name may be another one now
     return true;
   }
 
@@ -93,6 +97,13 @@ class Reader : public FontTextSink {
   }
 
  private:
+  void NoteNames() {
+    Names.Clear();
+    for (int32_t i = 0; i < Table->GetCount(); ++i) Names.Add(Table->GetAt(i)->Name);
+  }
+  int32_t FindExact(const OString& name) const {
+    return Names.Find(name, [&](int32_t each) { return Table->GetAt(each)->Name.Match(name); });
+  }
   static void TakeWord(const OString& value, const char* first, uint16_t firstNumber,
                        const char* second, uint16_t secondNumber, uint16_t* field) {
     if (value == first) *field = firstNumber;
@@ -125,6 +136,7 @@ class Reader : public FontTextSink {
   }
 
   OptionalFontTable* Table;
+  NameIndex Names;
   std::unique_ptr<OptionalFont> Font;
 };
 

@@ -31,7 +31,7 @@ std::vector<RfidFormatChoice> ListRfidFormats(platform::PrintContext context, ui
 std::vector<RfidFormatChoice> ListRfidFormatChoices(platform::PrintContext context, uint32_t tagBit,
                                                     const MessageTexts& texts);
 
-// The answers themselves.
+// The answers themselves. Texts are in the system's ANSI page. Null only with size 0: no entries.
 std::vector<RfidTagChoice> ReadRfidTags(const void* block, uint32_t size);
 std::vector<RfidFormatChoice> ReadRfidFormats(const void* block, uint32_t size);
 

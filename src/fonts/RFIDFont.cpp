@@ -16,6 +16,11 @@ std::unique_ptr<DataFont> RFIDFont::Clone() const {
   return copy;
 }
 
+void RFIDFont::Settle() {
+  Header.Flags |= kDataFontOption;
+  Body.CustomFormat[sizeof(Body.CustomFormat) - 1] = 0;
+}
+
 void RFIDFont::SetFormat(uint32_t format, const OString& defaultText) {
   Body.EpcFormat = format;
   if (!defaultText.IsEmpty()) SetCustomFormat(defaultText);

@@ -32,7 +32,14 @@ uint32_t TagsOf(const RfidCapabilities& capabilities);
 // The old numbers of EPC tags stand for what replaced them.
 bool IsWritableTag(uint32_t bit, const RfidCapabilities& capabilities);
 
+// Makes `bit` the body's tag and begins anew for it: no format, no custom text, the tag's first
+// block, segment and data format, no protection. The body's size and reserved bytes stay. What is
+// no tag, or several, gets block 0, the data segment and data format 0.
 void ResetTag(RfidBody* body, uint32_t bit, const RfidCapabilities& capabilities);
+// Brings a body from anywhere to what the model writes. An old EPC number becomes the tag that
+// replaced it; a tag that isn't the model's becomes the model's default one, begun anew, which is 0
+// on a model without tags; an unknown format begins the tag anew. Then block and segment are
+// brought to what the tag has, and the custom text ends inside its field.
 void NormaliseTag(RfidBody* body, const RfidCapabilities& capabilities);
 
 // 0, none, or one that the printers know.

@@ -16,8 +16,7 @@ inline constexpr uint16_t kDataMatrix = 16;
 
 inline constexpr uint16_t kAutomatic = 65535;
 
-inline constexpr uint32_t kEncodesByItself = 0x2;  // Code128's flag: Option 1 is no choice
-inline constexpr uint16_t kNoOption2 = 5;          // with this as its Option 1 it has no Option 2
+inline constexpr uint16_t kNoOption2 = 5;  // Code128: with this as its Option 1 it has no Option 2
 
 struct SymbologyRule {
   uint32_t Kind;           // kDataFontLinear, kDataFontMatrix

@@ -6,14 +6,16 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "model/SymbologyFlags.h"
+
 namespace ostvt {
 
 // One symbology, by its number in the table of Symbologies.h.
 struct SymbologyCapability {
   uint16_t Present;        // kSymbology...
   uint16_t HumanReadable;  // kHumanReadable..., 0 none
-  uint32_t Flags;  // kRestricts..., kRatio... and bits of the symbology's own: SymbologyReader.cpp
-  uint32_t HrFlags;
+  uint32_t Flags;          // of SymbologyFlags.h, as the next
+  uint32_t HrFlags;        // kHr...
   uint16_t HrWeight;
   uint16_t HrSize;
   char HrFontName[32];
@@ -62,13 +64,6 @@ inline constexpr uint16_t kSymbologyColor = 2;
 
 inline constexpr uint16_t kHumanReadableOn = 1;      // always
 inline constexpr uint16_t kHumanReadableChoice = 2;  // on or off
-
-inline constexpr uint32_t kRestrictsSerialization = 0x80000000;
-inline constexpr uint32_t kRestrictsVariableData = 0x40000000;
-inline constexpr uint32_t kRestrictsStatic = 0x20000000;
-inline constexpr uint32_t kRestrictsTemplateFile = 0x10000000;
-// "Variable"; the bits above it, up to 0x800000, are the fixed ratios from 2:1 to 3:1.
-inline constexpr uint32_t kRatioVariable = 0x1000;
 
 inline constexpr uint16_t kLineSupported = 1;
 inline constexpr uint16_t kLineColor = 2;

@@ -25,7 +25,7 @@ struct EncodingName {
 };
 
 EncodingName ParseEncodingName(const OString& name);
-// The system's character set, or -1.
+// The system's character set, or -1. `parsed` is that of `name`, which counts for words alone.
 int CharsetOfEncoding(const EncodingName& parsed, const OString& name);
 // Those of all `encodings`, each once; 1 alone if any name begins with "UTF-". Replaces the
 // content.

@@ -92,7 +92,7 @@ void Builder::ReadModel() {
   Record.ColorDefault = Flag("Color") && Is("Color.DefaultState", "Color") ? 2 : 1;
   Record.StockTracking = ReadTracking();
   constexpr WordBit kPorts[] = {{"Parallel", kPortParallel}, {"USB", kPortUsb}};
-  Record.BidirectionalPorts = Bits("Ports.Bidirectional", kPorts);
+  Record.BidirectionalPorts = static_cast<uint16_t>(Bits("Ports.Bidirectional", kPorts));
   ReadResolutions();
 }
 
@@ -157,7 +157,7 @@ void Builder::ReadFeatures() {
                                 {"USB", kPortUsb},
                                 {"TCP/IP", kPortTcpIp},
                                 {"Firewire", kPortFirewire}};
-  Record.StatusPorts = Bits("Status.Ports", kPorts);
+  Record.StatusPorts = static_cast<uint16_t>(Bits("Status.Ports", kPorts));
 }
 
 void Builder::ReadMethod() {

@@ -1,6 +1,7 @@
 #include "model/ModelDefinition.h"
 
 #include <string>
+#include <string_view>
 
 #include "core/Crc.h"
 #include "model/ArchiveCache.h"
@@ -13,6 +14,20 @@
 #include "platform/Module.h"
 
 namespace ostvt {
+namespace {
+
+constexpr int kSuffixLength = 4;  // "(YY)"
+
+// "X(YY)" for any maker YY. A name has no blank at its end, so that "X (YY)" is a name.
+bool HasMakersSuffix(const OString& key) {
+  const std::u16string_view text = key.GetWide();
+  const size_t n = text.size();
+  const auto isUpper = [](char16_t c) { return c >= u'A' && c <= u'Z'; };
+  return n > kSuffixLength && text[n - 4] == u'(' && isUpper(text[n - 3]) && isUpper(text[n - 2]) &&
+         text[n - 1] == u')' && text[n - 5] != u' ';
+}
+
+}  // namespace
 
 ModelDefinition::ModelDefinition(PrinterId& printerId)
     : Store(printerId),
@@ -47,6 +62,11 @@ void ModelDefinition::OpenArchive() {
   // The maker's code stands behind the "o" of the tag.
   const OString head = directory + "\\" + (OemTag + 1) + "#";
   Archive = TheArchiveCache()->Open(head + "base.ddz", head + FamilyCode + ".ddz");
+}
+
+ArchiveReader* ModelDefinition::GetArchive() {
+  OpenArchive();
+  return Archive;
 }
 
 OString ModelDefinition::GetOverride(const OString& key) {
@@ -152,6 +172,22 @@ bool ModelDefinition::ListContainsEx(const OString& key, const OString& item) {
 
 Measure ModelDefinition::GetMeasureEx(const OString& key) {
   return Measure::Parse(GetStringEx(key));
+}
+
+void ModelDefinition::GetKeysEx(OStringArray* array) {
+  OStringArray all;
+  GetKeys(&all);
+  array->SetSize(0);
+  for (int32_t i = 0; i < all.Count; ++i) {
+    OString key = all[i];
+    if (HasMakersSuffix(key)) {
+      const int length = key.Length() - kSuffixLength;
+      if (!(key.Mid(length) == KeySuffix)) continue;
+      key.Truncate(length);
+      if (all.Find(key) >= 0) continue;
+    }
+    array->Add(key);
+  }
 }
 
 OString ModelDefinition::GetEncodingDescription(const OString& name) {

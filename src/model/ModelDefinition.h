@@ -43,6 +43,9 @@ class ModelDefinition : public DefinitionFile {
   // Chooses the archives, once per object. Selecting a context calls it; what is read before either
   // finds nothing, then and later.
   void OpenArchive();
+  // The archives, which also hold what else travels with the model; not the caller's. Null where
+  // none can be had.
+  ArchiveReader* GetArchive();
   // The path of the section that the current one names by `key`. An administrator's value
   // "Settings:Table/KEY" wins; it names a section of the file KEY.
   OString GetOverride(const OString& key);
@@ -59,6 +62,9 @@ class ModelDefinition : public DefinitionFile {
   void GetListEx(const OString& key, OStringArray* array);
   bool ListContainsEx(const OString& key, const OString& item);  // case ignored
   Measure GetMeasureEx(const OString& key);
+  // The section's keys as these calls take them, each once: a key "X(YY)" is maker YY's word for
+  // "X", so it is "X" for our maker and none for others. "X (YY)", with a blank, is a key as it is.
+  void GetKeysEx(OStringArray* array);
 
   // What the store knows about an encoding; else the definition's word for it, which is then kept
   // in the store.

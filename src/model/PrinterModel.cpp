@@ -1,6 +1,7 @@
 #include "model/PrinterModel.h"
 
 #include "model/ModelDefinition.h"
+#include "model/SectionReader.h"
 #include "platform/Clock.h"
 
 namespace ostvt {
@@ -179,10 +180,7 @@ OString PrinterModel::GetEncodingDescription(const OString& name) {
 }
 
 bool PrinterModel::IsMethodRestricted(const OStringArray& methods) {
-  for (const char* word : {"FormatPage", "Serialization", "StaticPage", "TemplateFile"}) {
-    if (DefinitionFile::Contains(methods, word)) return true;
-  }
-  return false;
+  return BitsOf(methods, kPageMethods) != 0;
 }
 
 void PrinterModel::ApplyStatusDefaults() {

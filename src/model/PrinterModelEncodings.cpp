@@ -30,26 +30,16 @@ void ListClasses(PrinterModel* model, OStringArray* classes) {
   }
 }
 
-// The keys that tell an encoding's classes. A maker's own word for a key is no further key; words
-// of other makers are none at all.
+// The keys that tell an encoding's classes.
 void ListClassesKeys(ModelDefinition& definition, OStringArray* keys) {
   definition.SelectContext(Context::kFont);
   // Without this link the font section would stay in force.
   if (definition.GetOverride("Encodings").IsEmpty()) return;
   definition.SelectContext(Context::kEncodings);
   OStringArray all;
-  definition.GetKeys(&all);
+  definition.GetKeysEx(&all);
   for (int32_t i = 0; i < all.Count; ++i) {
-    OString key = all[i];
-    const int word = key.Find(kClassesKey);
-    if (word < 0) continue;
-    const int bracket = key.Find('(', word);
-    if (bracket >= 0) {
-      if (definition.KeySuffix.IsEmpty() || !(key.Mid(bracket) == definition.KeySuffix)) continue;
-      key.Truncate(bracket);
-      if (all.Find(key) >= 0) continue;
-    }
-    keys->Add(key);
+    if (all[i].Find(kClassesKey) >= 0) keys->Add(all[i]);
   }
 }
 

@@ -1,7 +1,4 @@
 // Fonts that the definition knows: groups of resident ones, and those of cards and packs.
-#include <cstddef>
-#include <string_view>
-
 #include "model/FontGroupInfo.h"
 #include "model/ModelDefinition.h"
 #include "model/PrinterModel.h"
@@ -25,19 +22,6 @@ constexpr char kRestrictedMethods[] = "RestrictedMethods";
 constexpr char kGroupFile[] = "FontGroup:";
 constexpr char kGroupSuffix[] = ".pfg";
 
-constexpr WordBit kMethods[] = {{"TemplateFile", kGroupRestrictsTemplateFile},
-                                {"StaticPage", kGroupRestrictsStaticPage},
-                                {"FormatPage", kGroupRestrictsFormatPage},
-                                {"Serialization", kGroupRestrictsSerialization}};
-
-uint32_t RestrictionsOf(const OStringArray& methods) {
-  uint32_t bits = 0;
-  for (const WordBit& method : kMethods) {
-    if (DefinitionFile::Contains(methods, method.Word)) bits |= method.Bit;
-  }
-  return bits;
-}
-
 OString GroupName(OString name) {
   name.Replace(kGroupFile, "");
   name.Replace(kGroupSuffix, "");
@@ -48,17 +32,6 @@ void RemoveAll(OStringArray* list, const OString& name) {
   for (int32_t i = list->Count - 1; i >= 0; --i) {
     if ((*list)[i].CompareNoCase(name) == 0) list->RemoveAt(i);
   }
-}
-
-// A key "X(YY)" is maker YY's word for "X", and no other key. A name has no blank at its end, so
-// that "X (YY)" is a key of its own.
-bool IsMakersKey(const OString& key) {
-  const char* text = key.GetNarrow();
-  const std::string_view view(text);
-  const size_t n = view.size();
-  const auto isUpper = [](char c) { return c >= 'A' && c <= 'Z'; };
-  return n > 4 && view[n - 4] == '(' && isUpper(view[n - 3]) && isUpper(view[n - 2]) &&
-         view[n - 1] == ')' && view[n - 5] != ' ';
 }
 
 // Makes the section that `key` leads to the one in force. False, with nothing changed, if it leads
@@ -103,11 +76,7 @@ void PrinterModel::GetFontProviders(OStringArray* list) {
 
 void PrinterModel::GetProviderFonts(const OString& provider, OStringArray* list) {
   list->SetSize(0);
-  if (!SelectProvider(*Definition, provider)) return;
-  Definition->GetKeys(list);
-  for (int32_t i = list->Count - 1; i >= 0; --i) {
-    if (IsMakersKey((*list)[i])) list->RemoveAt(i);
-  }
+  if (SelectProvider(*Definition, provider)) Definition->GetKeysEx(list);
 }
 
 OString PrinterModel::GetProviderFontValue(const OString& provider, const OString& font,
@@ -141,7 +110,7 @@ bool PrinterModel::GetFontGroupInfo(const OString& group, FontGroupInfo* info) {
     info->ScaleToResolution = store.ReadByte(key + kScaleToResolution, 0) != 0;
     info->EncodingClass = store.ReadString(key + kEncodingClass, OString());
     store.ReadMultiString(key + kRestrictedMethods, &methods);
-    info->Restrictions = RestrictionsOf(methods);
+    info->Restrictions = BitsOf(methods, kPageMethods);
     return true;
   }
   OStringArray fonts;
@@ -151,7 +120,7 @@ bool PrinterModel::GetFontGroupInfo(const OString& group, FontGroupInfo* info) {
   info->ScaleToResolution = Definition->GetBoolEx(kScaleToResolution);
   info->EncodingClass = Definition->GetStringEx(kEncodingClass);
   Definition->GetListEx(kRestrictedMethods, &methods);
-  info->Restrictions = RestrictionsOf(methods);
+  info->Restrictions = BitsOf(methods, kPageMethods);
 
   store.WriteByte(key + kScaleToResolution, info->ScaleToResolution ? 1 : 0);
   if (!info->EncodingClass.IsEmpty()) {

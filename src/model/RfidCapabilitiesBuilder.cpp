@@ -16,12 +16,6 @@ constexpr WordBit kSegments[] = {{"All", kSegmentAll},         {"Header", kSegme
                                  {"TID", kSegmentTid},         {"User", kSegmentUser},
                                  {"Control", kSegmentControl}, {"Reserved", kSegmentReserved}};
 
-// Other words than those of bar codes, for the same bits.
-constexpr WordBit kMethods[] = {{"FormatPage", kRestrictsVariableData},
-                                {"Serialization", kRestrictsSerialization},
-                                {"StaticPage", kRestrictsStatic},
-                                {"TemplateFile", kRestrictsTemplateFile}};
-
 struct TagType {
   const char* Word;
   uint32_t Bit;
@@ -72,25 +66,12 @@ class Builder : private SectionReader {
   void Read(const Tag& tag);
 
  private:
-  template <size_t N>
-  uint32_t ReadBits(const OString& key, const WordBit (&words)[N]);
   uint16_t ReadSegment(const OString& key);
   void ReadTypes(const Tag& tag, RfidTagRecord* record);
   void AddTag(uint32_t bit, RfidTagRecord* record);
 
   RfidCapabilities& Record;
 };
-
-template <size_t N>
-uint32_t Builder::ReadBits(const OString& key, const WordBit (&words)[N]) {
-  OStringArray list;
-  Definition.GetListEx(key, &list);
-  uint32_t bits = 0;
-  for (const WordBit& entry : words) {
-    if (DefinitionFile::Contains(list, entry.Word)) bits |= entry.Bit;
-  }
-  return bits;
-}
 
 // One word.
 uint16_t Builder::ReadSegment(const OString& key) {
@@ -124,11 +105,11 @@ void Builder::Read(const Tag& tag) {
   if (!Flag(tag.Key)) return;
   RfidTagRecord& record = Record.Records[tag.Record];
   record.Present = 1;
-  record.Segments = static_cast<uint16_t>(ReadBits(key + ".Segments", kSegments));
+  record.Segments = static_cast<uint16_t>(Bits(key + ".Segments", kSegments));
   record.DefaultSegment = ReadSegment(key + ".Segments.Default");
   record.DefaultStartBlock = StoreWord(Definition.GetIntEx(key + ".StartBlock.Default"));
   if (record.DefaultStartBlock == 0) record.DefaultStartBlock = tag.DefaultStartBlock;
-  record.Flags = ReadBits(key + ".RestrictedMethods", kMethods);
+  record.Flags = Bits(key + ".RestrictedMethods", kPageMethods);
   if (Definition.GetBoolEx(key + ".WriteProtect")) record.Flags |= kTagWriteProtect;
   if (Definition.GetBoolEx(key + ".StartBlock")) record.Flags |= kTagStartBlock;
   if (tag.Words == TypeWords::kNone) AddTag(tag.Bit, &record);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "core/WholeUnits.h"
 #include "store/ORegistry.h"
 
 namespace ostvt {
@@ -13,7 +14,12 @@ constexpr char kTotalValue[] = "Total";
 using Entries = std::vector<NumberedEntry>;
 
 OString StoredText(const OString& text) {
-  return text.Length() > kEntryTextUnits ? text.Left(kEntryTextUnits) : text;
+  const std::u16string_view whole = text.GetWide();
+  const std::u16string_view stored = WholeUnits(whole, kEntryTextUnits);
+  if (stored.size() == whole.size()) return text;
+  OString cut;
+  cut.AssignCount(stored.data(), static_cast<int>(stored.size()));
+  return cut;
 }
 
 bool SameText(const OString& stored, const OString& text) {
@@ -22,10 +28,6 @@ bool SameText(const OString& stored, const OString& text) {
 
 bool WriteText(ORegistry& store, const OString& value, const OString& text) {
   return store.WriteString(value, StoredText(text));
-}
-
-bool Deleted(ORegistry& store, const OString& value) {
-  return store.Delete(value, false) || store.GetValueSize(value) < 0;
 }
 
 // No device mode is larger.
@@ -85,7 +87,7 @@ bool Rewrite(ORegistry& store, const EntryKind& kind, const OString& entryPath,
              const NumberedEntry& stored, const NumberedEntry& entry, EntryWriting writing) {
   Changes changes(kind, stored, entry);
   if (writing == EntryWriting::kOneByOne && !IsOneStep(kind, stored, entry)) {
-    if (!Deleted(store, entryPath + kind.Block)) return false;
+    if (!store.ForgetValue(entryPath + kind.Block)) return false;
     changes.Block = true;
   }
   return WriteChanges(store, kind, entryPath, entry, changes);
@@ -197,7 +199,7 @@ bool WriteEntries(ORegistry& store, const EntryKind& kind, const OString& path,
   for (size_t i = total; i < end; ++i) {
     const OString entryPath = placeOf(i);
     for (const char* value : {kind.Block, kind.Name, kind.Description}) {
-      if (value && !Deleted(store, entryPath + value)) return false;
+      if (value && !store.ForgetValue(entryPath + value)) return false;
     }
   }
   return true;

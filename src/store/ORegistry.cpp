@@ -259,6 +259,12 @@ bool ORegistry::Delete(const OString& path, bool recursive) {
   return KeyExists(target) ? DeleteKey(target, recursive) : DeleteValue(key, name);
 }
 
+bool ORegistry::ForgetValue(const OString& path) {
+  OString key = Root;
+  OString name = path;
+  return SplitPath(&key, &name) && (DeleteValue(key, name) || GetValueSize(path) < 0);
+}
+
 bool ORegistry::DeleteMatching(const OString& pattern) {
   OString key = Root;
   OString name = pattern;

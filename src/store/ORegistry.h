@@ -102,6 +102,8 @@ class ORegistry {
   // Deletes the key that the path names, or if there is none, the value. A key with sub-keys goes
   // only when `recursive`. The root of a hive is never deleted.
   bool Delete(const OString& path, bool recursive);
+  // Deletes a value. True also where there was none.
+  bool ForgetValue(const OString& path);
   // "*" and "?" in the last element select keys and values, which go with all below them; the
   // result is then true whatever happened. Otherwise a recursive Delete.
   bool DeleteMatching(const OString& pattern);

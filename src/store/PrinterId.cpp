@@ -1,6 +1,7 @@
 #include "store/PrinterId.h"
 
 #include "core/Memory.h"
+#include "core/WholeUnits.h"
 
 namespace ostvt {
 namespace {
@@ -34,7 +35,7 @@ OString Piece(const OString& name, int start, int count) {
   const char16_t* units = piece.GetWide();
   int length = piece.Length();
   int first = length > 0 && (units[0] & 0xFC00) == 0xDC00 ? 1 : 0;
-  int end = length > first && (units[length - 1] & 0xFC00) == 0xD800 ? length - 1 : length;
+  int end = length > first && IsLeadSurrogate(units[length - 1]) ? length - 1 : length;
   OString result = piece.Mid(first, end - first);
   result.MakeLower();
   return result;

@@ -221,6 +221,10 @@ TEST(BarCodeChoices, TextsOfFieldValues) {
   EXPECT_TRUE(FieldValueText(14, Field::kWord1, 14, texts) == "T48");
   EXPECT_TRUE(FieldValueText(14, Field::kWord1, 15, texts) == "");
   EXPECT_TRUE(FieldValueText(25, Field::kWord1, 20, texts) == "20");
+  for (const uint16_t number : {uint16_t{7}, uint16_t{8}, uint16_t{9}, uint16_t{10}}) {
+    EXPECT_TRUE(FieldValueText(number, Field::kSupplement, 65535, texts) == "#1600") << number;
+    EXPECT_TRUE(FieldValueText(number, Field::kSupplement, 5, texts) == "5") << number;
+  }
 }
 
 TEST(BarCodeChoices, SwitchesThatTheModelHas) {
@@ -256,14 +260,14 @@ TEST(BarCodeChoices, HumanReadableOfASymbology) {
 
 TEST(BarCodeChoices, CodabarKeepsItsStartAndStopOnlyAsLowerCase) {
   BarCodeFont font;
-  EXPECT_FALSE(SetStartStop(&font, 'A', 'B'));  // Code 39
+  EXPECT_FALSE(font.SetStartStop('A', 'B'));  // Code 39
   font.SetSymbology(4);
-  EXPECT_TRUE(SetStartStop(&font, 'B', 'd'));
+  EXPECT_TRUE(font.SetStartStop('B', 'd'));
   EXPECT_EQ(98, BlobOf(font)[128]);
   EXPECT_EQ(100, BlobOf(font)[130]);
   for (const char other : {'e', 'E', '@', '`', '1', '\0', '\xFF'}) {
-    EXPECT_FALSE(SetStartStop(&font, 'a', other));
-    EXPECT_FALSE(SetStartStop(&font, other, 'a'));
+    EXPECT_FALSE(font.SetStartStop('a', other));
+    EXPECT_FALSE(font.SetStartStop(other, 'a'));
   }
   EXPECT_EQ(98, BlobOf(font)[128]);
 }

@@ -34,6 +34,8 @@ TEST(DataFontSettings, OtherRecordOfANameIsFoundWithoutRegardToCase) {
   EXPECT_EQ(table.GetAt(1), FindOtherOfName(table, "TWO", table.GetAt(0)));
   EXPECT_EQ(nullptr, FindOtherOfName(table, "two", table.GetAt(1)));
   EXPECT_EQ(nullptr, FindOtherOfName(table, "Three", nullptr));
+  // As it would be once it is set.
+  EXPECT_EQ(table.GetAt(1), FindOtherOfName(table, " \"two\"\t", nullptr));
 }
 
 TEST(DataFontSettings, CodePageSetsTheCharacterSet) {

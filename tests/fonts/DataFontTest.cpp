@@ -79,6 +79,8 @@ TEST(DataFont, EveryByteOfABlobIsCarriedThrough) {
   stored.resize(228, 0x5A);
   PutNumber(&stored, 44, 4, 3);
   PutNumber(&stored, 72, 2, 156);
+  stored[52] |= 2;
+  stored[227] = 0;
   RFIDFont rfid;
   EXPECT_TRUE(rfid.SetBlob(stored.data(), 228));
   EXPECT_EQ(stored, BlobOf(rfid));
@@ -94,13 +96,39 @@ TEST(DataFont, BodySizeThatLiesReadsNothingOutside) {
   }
 }
 
-TEST(DataFont, MatrixBodyThatLiesEndsWhereItsKindEnds) {
+TEST(DataFont, MatrixBodyThatSaysSoFillsTheRoom) {
   std::vector<uint8_t> stored = MatrixBlob(18, 8);
-  PutNumber(&stored, 72, 2, 96);
   for (size_t i = 144; i < 168; ++i) stored[i] = 0x5A;
+  std::vector<uint8_t> expected = stored;
+  PutNumber(&expected, 72, 2, 96);
+  for (const uint32_t size : {96u, 97u, 65535u}) {
+    PutNumber(&stored, 72, 2, size);
+    BarCodeFont font;
+    EXPECT_TRUE(font.SetBlob(Exact(stored).get(), 168));
+    EXPECT_EQ(expected, BlobOf(font)) << size;
+  }
+  // And as much of it as it says, or as the blob has.
+  PutNumber(&stored, 72, 2, 80);
+  PutNumber(&expected, 72, 2, 80);
+  for (size_t i = 152; i < 168; ++i) expected[i] = 0;
   BarCodeFont font;
   EXPECT_TRUE(font.SetBlob(stored.data(), 168));
-  EXPECT_EQ(MatrixBlob(18, 8), BlobOf(font));
+  EXPECT_EQ(expected, BlobOf(font));
+  PutNumber(&stored, 72, 2, 96);
+  stored.resize(152);
+  EXPECT_TRUE(font.SetBlob(Exact(stored).get(), 152));
+  EXPECT_EQ(expected, BlobOf(font));
+}
+
+TEST(DataFont, RfidFontFromABlobHasItsOptionOnAndItsTextEnds) {
+  std::vector<uint8_t> stored = RfidBlob(8);
+  PutNumber(&stored, 52, 4, 0x80000000);
+  for (size_t i = 100; i < 228; ++i) stored[i] = 'x';
+  RFIDFont font;
+  EXPECT_TRUE(font.SetBlob(stored.data(), 228));
+  PutNumber(&stored, 52, 4, 0x80000002);
+  stored[227] = 0;
+  EXPECT_EQ(stored, BlobOf(font));
 }
 
 TEST(DataFont, ShorterBodyLeavesTheRestAsItWas) {
@@ -199,6 +227,17 @@ TEST(DataFont, RescaleToTheStoredResolutionChangesNothing) {
     font.SetBlob(stored.data(), 168);
     font.Rescale(font.Header.Resolution);
     EXPECT_EQ(stored, BlobOf(font));
+  }
+}
+
+TEST(DataFont, RescaleLimitsTheHeightAtTheStoredResolutionToo) {
+  for (const uint32_t resolution : {300u, 203u}) {
+    BarCodeFont font;
+    const std::vector<uint8_t> stored = LinearBlob(40000, 5);
+    font.SetBlob(stored.data(), 168);
+    font.Rescale(resolution);
+    EXPECT_EQ(9999u, uint32_t{font.Linear.Height}) << resolution;
+    EXPECT_EQ(resolution == 300 ? 5 : 3, uint16_t{font.Linear.NarrowBar});
   }
 }
 

@@ -3,6 +3,7 @@
 
 #include "core/Crc.h"
 #include "tests/fonts/FontFixture.h"
+#include "tests/fonts/RefusingStore.h"
 
 namespace ostvt::test {
 namespace {
@@ -172,6 +173,32 @@ TEST_F(FontMappings, SaveDoesNotAskWhetherAnythingChanged) {
   Store().WriteString(OString(kAliasRoot) + "A/Target Name", "Else");
   EXPECT_TRUE(Table.Save(Model()));
   EXPECT_TRUE(Store().ReadString(OString(kAliasRoot) + "A/Target Name", "") == "Mono");
+}
+
+#ifdef __linux__
+
+TEST_F(FontMappings, RefusedSubstitutionUndoesTheAliasesToo) {
+  Put(OString(kAliasRoot) + "Old", "Old", "Mono");
+  RefuseEqualValues("TARGET NAME");
+  Table.Load(Model());
+  Table.GetAt(0)->Target = "Sans";
+  Table.Add(Alias("New", "Serif"));
+  Table.Add(Substitution("F", "N", "Serif"));
+  EXPECT_FALSE(Table.Save(Model()));
+  EXPECT_TRUE(Table.HasChanged());
+  Table.Load(Model());
+  EXPECT_EQ("alias:Old>Mono;", Content());
+}
+
+#endif
+
+TEST_F(FontMappings, OfNamesThatDifferInCaseAloneTheLastIsStored) {
+  Table.Add(Alias("Name", "One"));
+  Table.Add(Alias("NAME", "Two"));
+  Table.Add(Substitution("name", "N", "Three"));
+  EXPECT_TRUE(Table.Save(Model()));
+  Table.Load(Model());
+  EXPECT_EQ("alias:NAME>Two;N (name)>Three;", Content());
 }
 
 TEST_F(FontMappings, LongTextsAreStoredAsFarAsTheyCanBeReadBack) {

@@ -143,6 +143,12 @@ TEST(FontValueText, WholeNumbersStayInTheirFields) {
   EXPECT_EQ(65535u, ParseWord("70000"));
   EXPECT_EQ(70000u, ParseUnsigned("70000"));
   EXPECT_EQ(0u, ParseUnsigned("-1"));
+  EXPECT_EQ(1999999999u, ParseUnsigned("1999999999"));
+  EXPECT_EQ(2000000001u, ParseUnsigned("2000000001"));
+  EXPECT_EQ(4294967295u, ParseUnsigned(" 4294967295"));
+  EXPECT_EQ(4294967295u, ParseUnsigned("4294967296"));
+  EXPECT_EQ(4294967295u, ParseUnsigned("99999999999999999999999x"));
+  EXPECT_EQ(0u, ParseUnsigned("-4294967295"));
   EXPECT_EQ(std::string("4294967295"), UnsignedText(0xFFFFFFFF).GetNarrow());
   EXPECT_TRUE(IsTrue("true"));
   EXPECT_FALSE(IsTrue("True"));

@@ -4,6 +4,7 @@
 #include "core/Crc.h"
 #include "platform/CodePages.h"
 #include "tests/fonts/FontFixture.h"
+#include "tests/fonts/RefusingStore.h"
 
 namespace ostvt::test {
 namespace {
@@ -324,6 +325,19 @@ TEST_F(OptionalFonts, ChangedCaseOfANameSurvives) {
   EXPECT_TRUE(other.GetAt(0)->Name == u"\u00E9t\u00E9");
 }
 
+TEST_F(OptionalFonts, OfNamesThatDifferInCaseAloneTheLastIsStored) {
+  Table.Load(Model());
+  Table.Add(Named("Serif", kOptionalFontCustom));
+  Table.Add(Named("Sans"));
+  Table.Add(Named("SERIF"));
+  EXPECT_EQ(0, Table.Find("Serif"));
+  EXPECT_TRUE(Table.Save(Model()));
+  Table.Load(Model());
+  EXPECT_EQ("SERIF,Sans", NamesOf(Table));
+  EXPECT_FALSE(Table.GetAt(0)->IsCustom());
+  EXPECT_EQ(-1, Store().GetValueSize(Key("Serif") + "Weight"));
+}
+
 TEST_F(OptionalFonts, NoModelMeansNoFonts) {
   Table.Add(Named("A"));
   Table.Load(nullptr);
@@ -353,6 +367,35 @@ TEST_F(OptionalFonts, ExpansionFontsAreTheGroupsOfThePredefined) {
   Table.ApplyExpansionFonts(Model());
   EXPECT_EQ("B;A;B;", ListAt(Store(), "Settings:Expansion Fonts"));
 }
+
+TEST_F(OptionalFonts, SavedFontsBecomeTheExpansionFonts) {
+  Table.Load(Model());
+  Table.Add(Named("A"));
+  Table.GetAt(0)->FontGroup = "G";
+  EXPECT_TRUE(Table.Save(Model()));
+  EXPECT_EQ("G;", ListAt(Store(), "Settings:Expansion Fonts"));
+  // Nothing to save, nothing to bring.
+  Store().Delete("Settings:Expansion Fonts", false);
+  EXPECT_FALSE(Table.Save(Model()));
+  EXPECT_EQ("(none)", ListAt(Store(), "Settings:Expansion Fonts"));
+}
+
+#ifdef __linux__
+
+TEST_F(OptionalFonts, RefusedFontsDoNotBecomeTheExpansionFonts) {
+  Table.Load(Model());
+  for (const char* name : {"A", "B"}) {
+    Table.Add(Named(name));
+    Table.GetAt(Table.GetCount() - 1)->FontGroup = "G";
+  }
+  Store().WriteDword("DATA:Some", 1);
+  RefuseEqualValues("FONT GROUP");
+  EXPECT_FALSE(Table.Save(Model()));
+  EXPECT_EQ("(none)", ListAt(Store(), "Settings:Expansion Fonts"));
+  EXPECT_EQ(0, KeyCount());
+}
+
+#endif
 
 TEST_F(OptionalFonts, RemovingTheLastPredefinedLeavesTheExpansionFonts) {
   OStringArray old;

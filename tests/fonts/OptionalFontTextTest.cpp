@@ -189,6 +189,7 @@ TEST_F(OptionalFontText, WhatIsWrittenIsReadBack) {
       "FontName=N\r\nCategory=Custom\r\nType=Bitmap\r\nWeight=4000000000\r\nNominalWidth=50%\r\n"
       "PointSize=9.5\r\nEncodingTable=" +
       std::string(kPackedTable) + "\r\n");
+  EXPECT_EQ(4000000000u, At(0).Weight);
   const uint32_t signature = Table.Signature();
   const std::string text = Write();
   OptionalFontTable other;

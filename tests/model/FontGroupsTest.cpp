@@ -236,7 +236,8 @@ TEST_F(FontGroups, PredefinedFontsAreOffered) {
 TEST_F(FontGroups, ProvidersLeadToFontsAndFontsToValues) {
   Define("FontOptions.d",
          "[Card]\nSerif=OptionalFont:Serif\nSerif(VT)=OptionalFont:Own\nLost=\n"
-         "Digits (KD)=OptionalFont:Serif\nOnly(KD)=OptionalFont:Serif\n");
+         "Digits (KD)=OptionalFont:Serif\nTheirs(KD)=OptionalFont:Serif\n"
+         "Only(VT)=OptionalFont:Serif\n");
   Define("OptionalFont.d", "[Serif]\nType=Bitmap\n[Own]\nType=TrueType\nFontID=7\nFontID(VT)=8\n");
   PrinterModel& model = OpenWith(
       "~FontOptions.Providers=Card,Empty\n~FontOptions.Card=FontOptions:Card\n"
@@ -247,7 +248,8 @@ TEST_F(FontGroups, ProvidersLeadToFontsAndFontsToValues) {
 
   model.GetProviderFonts("Card", &list);
   list.Sort();
-  EXPECT_EQ("Digits (KD),Lost,Serif", TextOf(list));  // a maker's own word is no further font
+  // A maker's own word is no further font, but may be the only one; another maker's is none.
+  EXPECT_EQ("Digits (KD),Lost,Only,Serif", TextOf(list));
   model.GetProviderFonts("Empty", &list);
   EXPECT_EQ(0, list.Count);
 
@@ -257,6 +259,7 @@ TEST_F(FontGroups, ProvidersLeadToFontsAndFontsToValues) {
   EXPECT_EQ("TrueType", value("Card", "Serif", "Type"));
   EXPECT_EQ("8", value("Card", "Serif", "FontID"));
   EXPECT_EQ("Bitmap", value("Card", "Digits (KD)", "Type"));
+  EXPECT_EQ("Bitmap", value("Card", "Only", "Type"));
   EXPECT_EQ("", value("Card", "Serif", "Location"));
   // What leads nowhere doesn't leave the section in force that it was looked for in.
   EXPECT_EQ("", value("Card", "Lost", "Type"));

@@ -132,6 +132,15 @@ TEST_F(NumberedEntriesTest, MoreThanCanBeReadBackAreNotWritten) {
   EXPECT_EQ(TextsOf(Plain("A")), ReadAll());
 }
 
+TEST_F(NumberedEntriesTest, LongTextIsNotCutInsideACharacter) {
+  ORegistry registry;
+  NumberedEntry entry = Plain("A")[0];
+  entry.Name = (std::u16string(kEntryTextUnits - 1, u'x') + u"\U0001F600").c_str();
+  EXPECT_TRUE(Write(registry, {entry}, EntryWriting::kTogether));
+  const NumberedEntry stored = ReadEntry(registry, kAnySize, EntryPath(kAnySize, kPath, 1));
+  EXPECT_TRUE(std::u16string(kEntryTextUnits - 1, u'x') == stored.Name.GetWide());
+}
+
 TEST_F(NumberedEntriesTest, BlockLargerThanAnyDeviceModeIsNone) {
   ORegistry registry;
   NumberedEntry entry = Make("A", "text", 1);

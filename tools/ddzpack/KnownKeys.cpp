@@ -41,11 +41,14 @@ constexpr KnownKey kManufacturer[] = {
     {"CompanyName", kText, "", kCompanyNameRoom},
     {"ProductName", kText, "", kProductNameRoom},
     {"Fonts.Prefix", kText, "", kFontsPrefixRoom},
+    {"Copyright", kText},
 };
 
 constexpr KnownKey kOem[] = {
-    {"About.Template", kText},    {"About.Default", kBool}, {"About.Graphic.Vantrel", kText},
-    {"About.Graphic.OEM", kText}, {"Copyright", kText},
+    {"About.Template", kText},
+    {"About.Default", kBool},
+    {"About.Graphic.Vantrel", kText},
+    {"About.Graphic.OEM", kText},
 };
 
 constexpr KnownKey kModel[] = {
@@ -220,7 +223,7 @@ constexpr PrefixedKey kBarCodeOptions[] = {
     {{"GuardBar.Variable", kBool}, Rows(7, 8, 9, 10)},
     {{"GuardBar.WithoutHR", kBool}, Rows(7, 8, 9, 10)},
     {{"SplitDigit", kExactList, "Full Small None"}, Rows(7, 8, 9, 10)},
-    {{"Attached", kExactList, "1 2 3 4 5"}, Rows(0, 1, 7, 8, 9, 10, 11, 12)},
+    {{"Attached", kExactList, "1 2 3 4 5"}, Rows(11, 12)},
     {{"Truncated", kBool}, Rows(15)},
     {{"CorrectionLevel", kExactList, "Auto"}, Rows(15)},
     {{"Columns", kExactList, "Auto"}, Rows(15)},

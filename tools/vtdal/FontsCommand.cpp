@@ -276,9 +276,7 @@ bool SaveAll(ostvt::PrinterModel* model, Tables* tables) {
   done = tables->Data.Save(model) && done;
   done = tables->Mappings.Save(model) && done;
   if (!tables->Optional.HasChanged()) return done;
-  done = tables->Optional.Save(model) && done;
-  tables->Optional.ApplyExpansionFonts(model);
-  return done;
+  return tables->Optional.Save(model) && done;
 }
 
 int ImportFonts(const Arguments& arguments, ostvt::PrinterModel* model) {
