@@ -1,7 +1,10 @@
 #include "companions/netmon/AnswerStore.h"
 
+#include <cstring>
+
 #include "companions/netmon/Text.h"
 #include "core/Crc.h"
+#include "core/OStringArray.h"
 #include "platform/KeyStore.h"
 
 namespace ostvt::netmon {
@@ -13,6 +16,9 @@ constexpr char kLastJob[] = "1:SOFTWARE/Vantrel/Network Monitor/Last Job";
 // What a value's name may be long.
 constexpr size_t kLongestName = 240;
 constexpr int32_t kLastNumber = 0x7FFFFFFF;
+
+// So many jobs later nobody asks any more for what one was answered.
+constexpr int32_t kKeptJobs = 100;
 
 struct JobRecord {
   int32_t Job = 0;
@@ -41,33 +47,52 @@ OString NameOf(const std::string& bytes) {
   return name.empty() ? OString("%25") : ORegistry::Escape(name.c_str());
 }
 
+// Every record begins with its job's number.
+constexpr size_t kJobSize = sizeof(int32_t);
+
+std::string ReadRecord(const ORegistry& store, const OString& path) {
+  const int32_t size = store.GetValueSize(path);
+  if (size <= 0) return {};
+  std::string bytes(static_cast<size_t>(size), '\0');
+  const int32_t read = store.ReadBinary(path, bytes.data(), size);
+  bytes.resize(read > 0 ? static_cast<size_t>(read) : 0);
+  return bytes;
+}
+
+int32_t JobOf(const std::string& record) {
+  int32_t job = 0;
+  if (record.size() >= kJobSize) memcpy(&job, record.data(), sizeof job);
+  return job;
+}
+
 }  // namespace
 
 AnswerStore::AnswerStore(const OString& printerName) : Printer(NameOf(ToUtf8(printerName))) {}
 
+OString AnswerStore::AnswersPath() const { return OString(kHome) + "Answers/" + Printer; }
+
+OString AnswerStore::JobsPath() const { return OString(kHome) + "Jobs/" + Printer; }
+
 OString AnswerStore::AnswerPath(const std::string& query) const {
-  return OString(kHome) + "Answers/" + Printer + "/" + NameOf(query);
+  return AnswersPath() + "/" + NameOf(query);
 }
 
 OString AnswerStore::JobPath(const OString& document) const {
-  return OString(kHome) + "Jobs/" + Printer + "/" + NameOf(ToUtf8(document));
+  return JobsPath() + "/" + NameOf(ToUtf8(document));
 }
 
 void AnswerStore::Forget(const std::string& query) { Store.Delete(AnswerPath(query), false); }
 
-bool AnswerStore::Keep(const std::string& query, const std::string& bytes) {
-  const auto size = static_cast<int32_t>(bytes.size());
-  return Store.WriteBinary(AnswerPath(query), bytes.data(), size) == size;
+bool AnswerStore::Keep(const std::string& query, int32_t job, const std::string& bytes) {
+  std::string record(reinterpret_cast<const char*>(&job), sizeof job);
+  record += bytes;
+  const auto size = static_cast<int32_t>(record.size());
+  return Store.WriteBinary(AnswerPath(query), record.data(), size) == size;
 }
 
 std::string AnswerStore::Find(const std::string& query) const {
-  const OString path = AnswerPath(query);
-  const int32_t size = Store.GetValueSize(path);
-  if (size <= 0) return {};
-  std::string bytes(static_cast<size_t>(size), '\0');
-  const int32_t read = Store.ReadBinary(path, bytes.data(), size);
-  bytes.resize(read > 0 ? static_cast<size_t>(read) : 0);
-  return bytes;
+  const std::string record = ReadRecord(Store, AnswerPath(query));
+  return record.size() < kJobSize ? std::string() : record.substr(kJobSize);
 }
 
 int32_t AnswerStore::NextJob() {
@@ -83,6 +108,21 @@ int32_t AnswerStore::NextJob() {
 void AnswerStore::KeepJob(const OString& document, int32_t job, bool isAnswered) {
   const JobRecord record = {job, isAnswered ? 1 : 0};
   Store.WriteBinary(JobPath(document), &record, sizeof record);
+  DropOld(AnswersPath(), job);
+  DropOld(JobsPath(), job);
+}
+
+void AnswerStore::DropOld(const OString& keyPath, int32_t job) {
+  OStringArray names;
+  Store.EnumerateValues(keyPath, &names);
+  // Not with each job, since that means to look at all of them.
+  if (names.Count <= 2 * kKeptJobs) return;
+  for (int32_t i = 0; i < names.Count; ++i) {
+    const OString path = keyPath + "/" + ORegistry::Escape(names[i]);
+    const int32_t its = JobOf(ReadRecord(Store, path));
+    // Numbers above the job's are those of before they began again.
+    if (its > job || its <= job - kKeptJobs) Store.Delete(path, false);
+  }
 }
 
 bool AnswerStore::IsAnswered(const OString& document, int32_t job) const {

@@ -13,7 +13,8 @@ namespace {
 // Milliseconds.
 constexpr int kPause = 500;          // ends an answer whose size is an estimate
 constexpr int kSendTimeout = 30000;  // a printer without paper takes nothing
-constexpr uint32_t kLongestAnswerTime = 30000;
+constexpr uint32_t kAnswerTime = 30000;
+constexpr uint32_t kTimePerByte = 10;  // behind that
 constexpr int kShortestTimeout = 50;
 constexpr int kLongestTimeout = 60000;
 
@@ -23,6 +24,10 @@ constexpr uint32_t kLargestAnswer = 16 << 20;
 constexpr int kSilentQueries = 3;
 
 }  // namespace
+
+bool IsAnswerTooSlow(uint32_t milliseconds, size_t bytes) {
+  return milliseconds >= kAnswerTime && (milliseconds - kAnswerTime) / kTimePerByte >= bytes;
+}
 
 PrintedJob::PrintedJob(const OString& printerName, const OString& document)
     : Printer(printerName), Document(document), Answers(printerName), Filter(this) {}
@@ -101,15 +106,16 @@ void PrintedJob::OnEndQuery() {
   }
   IsAnswered = true;
   Silent = 0;
-  Answers.Keep(QueryName, answer);
+  Answers.Keep(QueryName, Job, answer);
 }
 
 // As many bytes as the query expects, or fewer: where they are an estimate, those before the
-// printer's first pause; else those before the time was over.
+// printer's first pause.
 std::string PrintedJob::ReadAnswer() {
   std::string answer;
   const uint32_t start = platform::TickCount();
-  while (answer.size() < AnswerSize && platform::TickCount() - start < kLongestAnswerTime) {
+  while (answer.size() < AnswerSize &&
+         !IsAnswerTooSlow(platform::TickCount() - start, answer.size())) {
     const int wait = IsEstimate && !answer.empty() ? kPause : Timeout;
     uint8_t piece[4096];
     const int got =

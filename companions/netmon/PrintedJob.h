@@ -15,6 +15,11 @@
 
 namespace ostvt::netmon {
 
+// So much of an answer has come in so many milliseconds, and it is not to be waited for any longer.
+// Without this a printer that sends a byte now and then would hold the job for hours; one behind a
+// slow line may take as long as its answer needs.
+bool IsAnswerTooSlow(uint32_t milliseconds, size_t bytes);
+
 class PrintedJob : private platform::XpmlSink {
  public:
   PrintedJob(const OString& printerName, const OString& document);

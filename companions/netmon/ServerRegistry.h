@@ -18,6 +18,10 @@ class ServerRegistry : public PrinterRegistry {
   platform::KeyHandle OpenKey(const OString& canonicalPath, bool create) const override;
   OString RouteKey(const OString& canonicalPath) const override;
 
+  // The one that holds all branches of a configuration.
+  platform::Hive GetHive() const {
+    return IsPlayed() ? platform::Hive::kCurrentUser : GetDataHive();
+  }
   bool IsPlayed() const { return !Home.IsEmpty(); }
 
  private:

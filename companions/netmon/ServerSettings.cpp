@@ -4,6 +4,7 @@
 #include "companions/netmon/Text.h"
 #include "core/Buffer.h"
 #include "core/OStringArray.h"
+#include "platform/KeyStore.h"
 #include "store/SharedBranches.h"
 
 namespace ostvt::netmon {
@@ -64,7 +65,11 @@ void UpdateSettings(ServerRegistry* server, const std::string& text) {
                    kCodePageUtf8);
   server->ExpandAliasInLines(kDataRoot, &lines);
   KeepSharedSections(*server, &lines);
+  // A client that reads meanwhile gets the old settings or the new ones.
+  platform::KeyStoreTransaction together(server->GetHive(),
+                                         platform::KeyStoreTransaction::Purpose::kWrite);
   server->ImportBranch(lines, kImportEmptying);
+  together.Commit();
 }
 
 }  // namespace ostvt::netmon

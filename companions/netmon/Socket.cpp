@@ -109,7 +109,8 @@ int Socket::Receive(uint8_t* bytes, size_t room, int timeout) {
     const auto got =
         recv(Handle, reinterpret_cast<char*>(bytes), static_cast<SocketBytes>(piece), 0);
     if (got > 0) return static_cast<int>(got);
-    if (got == 0 || !WouldWait()) return -1;
+    if (got == 0) return -1;
+    if (!WouldWait()) return -2;
     if (waited || !WaitForSocket(Handle, SocketEvent::kReadable, timeout)) return 0;
   }
 }
@@ -127,10 +128,10 @@ bool Socket::Finish(int timeout) {
   const bool done = shutdown(Handle, kEndOfSending) == 0;
   // Bytes of the peer that nobody has read would turn the end into an abort.
   uint8_t bytes[1024];
-  for (int i = 0; done && i < 1024 && Receive(bytes, sizeof bytes, timeout) > 0; ++i) {
-  }
+  int got = 1;
+  for (int i = 0; done && i < 1024 && got > 0; ++i) got = Receive(bytes, sizeof bytes, timeout);
   Close();
-  return done;
+  return done && got != -2;
 }
 
 void Socket::Abandon() {

@@ -29,10 +29,12 @@ class Socket {
   // All of it; false when the peer takes nothing for the time, or is gone.
   bool Send(const uint8_t* bytes, size_t count, int timeout);
   // Above 0: bytes, as soon as there are some. 0: none came in time. -1: none will come any more.
+  // -2: the connection is broken.
   int Receive(uint8_t* bytes, size_t room, int timeout);
   // Throws away what has come by now.
   void Discard();
-  // Nothing more is sent. The peer gets what was sent before and, by the time given, ends its side.
+  // Nothing more is sent. The peer gets what was sent before and, by the time given, ends its side;
+  // false when it breaks the connection off, since it may have thrown away what it was sent.
   bool Finish(int timeout);
   // The peer may lose what it hasn't taken yet.
   void Abandon();

@@ -1,6 +1,6 @@
-// The test build's misbehaviour. VTNETMON_FAULT holds one word (see kWords; "say:TEXT" and
-// "query:NUMBER" carry their own value), and behind an "@" a text that the request or command must
-// hold for it. It is looked at in each call.
+// The test build's misbehaviour. VTNETMON_FAULT holds one word (see kWords; "say:TEXT",
+// "result:NUMBER", "query:NUMBER" and "slow:NUMBER" carry their own value), and behind an "@" a
+// text that the request or command must hold for it. It is looked at in each call.
 #include <stdlib.h>
 
 #include <chrono>
@@ -15,13 +15,15 @@ namespace {
 
 constexpr size_t kHuge = 64 << 20;
 constexpr size_t kGarbage = 4096;
-constexpr std::chrono::milliseconds kDelay(1500);
+constexpr int kDelay = 1500;  // milliseconds
 
 // What an answer says whose size is told wrongly.
 constexpr char kNegativeSize[] = "negative size";
 
 constexpr std::string_view kSay = "say:";
+constexpr std::string_view kResult = "result:";
 constexpr std::string_view kQuery = "query:";
+constexpr std::string_view kSlow = "slow";
 
 // The word that holds for `text`; "" for none.
 std::string FaultFor(const std::string& text) {
@@ -71,6 +73,14 @@ void Remove(Answer** answer) {
   *answer = nullptr;
 }
 
+// "slow", or "slow:" and so many milliseconds.
+void WaitIfSlow(const std::string& fault) {
+  if (!fault.starts_with(kSlow)) return;
+  const bool isTold = fault.size() > kSlow.size();
+  const int delay = isTold ? atoi(fault.c_str() + kSlow.size() + 1) : kDelay;
+  std::this_thread::sleep_for(std::chrono::milliseconds(delay));
+}
+
 struct Word {
   const char* Name;
   void (*Apply)(int32_t* result, Answer** answer);
@@ -106,17 +116,19 @@ constexpr Word kWords[] = {
     {"garbage", [](int32_t* result, Answer** answer) { Say(result, answer, Garbage()); }},
     {"half-frame", [](int32_t* result, Answer** answer) { Say(result, answer, HalfFrame()); }},
     {"lying-frame", [](int32_t* result, Answer** answer) { Say(result, answer, LyingFrame()); }},
-    {"slow", [](int32_t*, Answer**) { std::this_thread::sleep_for(kDelay); }},
 };
 
 }  // namespace
 
 void AlterAnswer(const std::string& request, int32_t* result, Answer** answer) {
   const std::string fault = FaultFor(request);
-  if (fault.compare(0, kSay.size(), kSay) == 0) {
+  WaitIfSlow(fault);
+  if (fault.starts_with(kSay)) {
     Say(result, answer, fault.substr(kSay.size()));
     return;
   }
+  // The answer stays as it is.
+  if (fault.starts_with(kResult)) *result = atoi(fault.c_str() + kResult.size());
   for (const Word& word : kWords) {
     if (fault == word.Name) word.Apply(result, answer);
   }
@@ -124,11 +136,9 @@ void AlterAnswer(const std::string& request, int32_t* result, Answer** answer) {
 
 void AlterQueryResult(const std::string& command, int32_t* result) {
   const std::string fault = FaultFor(command);
-  if (fault.compare(0, kQuery.size(), kQuery) == 0) {
-    *result = atoi(fault.c_str() + kQuery.size());
-  }
+  WaitIfSlow(fault);
+  if (fault.starts_with(kQuery)) *result = atoi(fault.c_str() + kQuery.size());
   if (fault == "zero") *result = 0;
-  if (fault == "slow") std::this_thread::sleep_for(kDelay);
 }
 
 int32_t AlterSize(const Answer& answer, int32_t size) {

@@ -3,11 +3,14 @@
 #include "comm/MonitorLink.h"
 #include "core/OFile.h"
 #include "core/OStringArray.h"
+#include "platform/KeyStore.h"
 #include "store/BranchSections.h"
 #include "store/PrinterRegistry.h"
 
 namespace ostvt {
 namespace {
+
+using platform::KeyStoreTransaction;
 
 constexpr char kBranch[] = "NETWORK:";
 constexpr char kOpening[] = "<network";
@@ -24,6 +27,18 @@ void WriteLine(OStream& stream, const OString& line) {
 
 bool StartsWith(const OString& text, const OString& head) {
   return text.Left(head.Length()) == head;
+}
+
+// All at once: whoever dies in the middle leaves the old settings, and others never see none.
+void ReplaceSettings(PrinterRegistry* store, OStringArray* lines) {
+  OStringArray branches;
+  branches.Add(kBranch);
+  store->ExpandAliasInLines(kBranch, lines);
+  KeepSectionsBelow(*store, branches, lines);
+  KeyStoreTransaction together(store->GetDataHive(), KeyStoreTransaction::Purpose::kWrite);
+  store->Delete(kBranch, true);
+  store->ImportBranch(*lines, 0);
+  together.Commit();
 }
 
 }  // namespace
@@ -47,8 +62,6 @@ bool ImportNetworkSettings(MonitorLink& link, OFile& file) {
   PrinterRegistry store(link.PrinterName);
   store.SetShadowed(false);
   const int32_t portBefore = link.GetTcpPort();
-  OStringArray branches;
-  branches.Add(kBranch);
   OStringArray lines;
   bool isInside = false;
   int32_t records = 0;
@@ -64,11 +77,8 @@ bool ImportNetworkSettings(MonitorLink& link, OFile& file) {
       continue;
     }
     if (line == kClosing) {
-      store.Delete(kBranch, true);
       lines.Add(OString());
-      store.ExpandAliasInLines(kBranch, &lines);
-      KeepSectionsBelow(store, branches, &lines);
-      store.ImportBranch(lines, 0);
+      ReplaceSettings(&store, &lines);
       lines.SetSize(0);
       isInside = false;
       ++records;

@@ -5,6 +5,7 @@
 
 #include "comm/MonitorLink.h"
 #include "core/DriverPath.h"
+#include "platform/PrintDrawing.h"
 
 namespace ostvt {
 namespace {
@@ -34,6 +35,14 @@ bool PrinterJob::End() { return platform::EndPrintJob(Context); }
 int32_t PrinterJob::Escape(int32_t code, int32_t inputSize, const void* input, int32_t outputSize,
                            void* output) {
   return platform::SendJobEscape(Context, code, input, inputSize, output, outputSize);
+}
+
+bool PrinterJob::GetPrintableSize(int32_t* width, int32_t* height) {
+  return platform::GetPrintableSize(Context, width, height);
+}
+
+void PrinterJob::FillBlack(int32_t left, int32_t top, int32_t right, int32_t bottom) {
+  platform::FillBlack(Context, left, top, right, bottom);
 }
 
 bool PrinterJob::Write(const void* bytes, int32_t count) {

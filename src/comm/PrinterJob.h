@@ -29,6 +29,9 @@ class PrinterJob {
   // The rendering half's answer: above 0 done, 0 unknown, below 0 failed. 0 without a context.
   int32_t Escape(int32_t code, int32_t inputSize, const void* input, int32_t outputSize,
                  void* output);
+  // See platform/PrintDrawing.h.
+  bool GetPrintableSize(int32_t* width, int32_t* height);
+  void FillBlack(int32_t left, int32_t top, int32_t right, int32_t bottom);
   // One packet of 0 to 65535 bytes, exactly as they are. False where it could not be passed on.
   bool Write(const void* bytes, int32_t count);
 

@@ -28,7 +28,7 @@ void PrinterPort::Bind(DriverSession* owner, platform::PrinterHandle printer,
 
 bool PrinterPort::WriteRaw(const void* bytes, int32_t count) {
   if (!bytes || count < 1) return false;
-  if (Job) return Job->Write(bytes, count);
+  if (IsJobStarted) return Job->Write(bytes, count);
   // Not by OpenJob and CloseJob: these send what waits in the buffer.
   PrinterJob job(Link.PrinterName, JobDevMode);
   job.Start("write_packet");
@@ -109,6 +109,7 @@ PrinterJob* PrinterPort::NeedJob() {
 
 int32_t PrinterPort::StartJob(const OString& name) {
   PrinterJob* job = NeedJob();
+  IsJobStarted = true;
   const int32_t id = job->Start(name);
   job->StartPage();
   // An empty packet, so that the job exists.
@@ -117,9 +118,11 @@ int32_t PrinterPort::StartJob(const OString& name) {
 }
 
 void PrinterPort::EndJob() {
-  if (!Job) return;
-  Job->EndPage();
-  if (!Job->End()) SendFailed = true;
+  if (IsJobStarted) {
+    Job->EndPage();
+    if (!Job->End()) SendFailed = true;
+  }
+  IsJobStarted = false;
   delete Job;
   Job = nullptr;
 }

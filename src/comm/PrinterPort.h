@@ -78,7 +78,7 @@ class PrinterPort {
   platform::PrinterHandle OwnerPrinter = nullptr;
   bool InsideXpml = false;    // "<xpml>" stands, its end doesn't
   bool InsideQuery = false;   // a query element is open
-  PrinterJob* Job = nullptr;  // owned; null when none is open
+  PrinterJob* Job = nullptr;  // owned; a job, or the context that an escape has made for the next
   bool SendFailed = false;    // since OpenJob, a packet could not be passed on
 
  private:
@@ -89,6 +89,7 @@ class PrinterPort {
 
   MonitorLink Link;
   const void* JobDevMode = nullptr;
+  bool IsJobStarted = false;
 };
 
 }  // namespace ostvt

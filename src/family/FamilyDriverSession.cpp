@@ -4,6 +4,7 @@
 
 #include "family/OstrelModel.h"
 #include "family/U1Command.h"
+#include "settings/SessionActions.h"
 
 namespace ostvt {
 namespace {
@@ -17,10 +18,6 @@ constexpr int32_t kWrongLength = 4450;
 constexpr int32_t kWrongCharacter = 4451;
 constexpr int32_t kRefusalCaption = 4454;
 
-constexpr uint32_t kExists = 1;
-constexpr uint32_t kOpensDialog = 2;
-constexpr uint32_t kLockable = 4;
-
 }  // namespace
 
 FamilyDriverSession::~FamilyDriverSession() { Port = nullptr; }
@@ -29,6 +26,12 @@ void FamilyDriverSession::LoadSettings() {
   DriverSession::LoadSettings();
   OwnPort.Bind(this, PrinterHandle, Link, DevModeBuffer.GetBlock());
   Port = &OwnPort;
+}
+
+int32_t FamilyDriverSession::RegisterPages(uint32_t pageFlags) {
+  const int32_t count = DriverSession::RegisterPages(pageFlags);
+  if ((pageFlags & kPagesGraphics) == 0) return count;
+  return count + AddPage("PAGE_STOCK") + AddPage("PAGE_OPTIONS");
 }
 
 void FamilyDriverSession::GetFileNameRules(NameRules* record) {
@@ -87,6 +90,11 @@ bool FamilyDriverSession::DoAction(ActionContext* context, int32_t action) {
     case kActionDiagnostics:
       if (HasU1Commands()) return SendCommand(action, DiagnosticsCommand());
       break;
+    case kActionInformation:
+      return RunDialog(context->Owner, "*:^INFORMATION");
+    case kActionPowerManagement:
+      if (HasU1Commands()) return RunDialog(context->Owner, "DLG_POWERMANAGEMENT");
+      break;
     default:
       break;
   }
@@ -96,17 +104,17 @@ bool FamilyDriverSession::DoAction(ActionContext* context, int32_t action) {
 uint32_t FamilyDriverSession::GetActionFlags(ActionContext* context, int32_t action) {
   switch (action) {
     case kActionCut:
-      return kExists;
+      return kActionExists;
     case kActionInformation:
-      return kExists | kOpensDialog;
+      return kActionExists | kActionOpensDialog;
     case kActionDeviceReset:
-      if (HasU1Commands()) return kExists | kLockable;
+      if (HasU1Commands()) return kActionExists | kActionLockable;
       break;
     case kActionDiagnostics:
-      if (HasU1Commands()) return kExists;
+      if (HasU1Commands()) return kActionExists;
       break;
     case kActionPowerManagement:
-      if (HasU1Commands()) return kExists | kOpensDialog | kLockable;
+      if (HasU1Commands()) return kActionExists | kActionOpensDialog | kActionLockable;
       break;
     default:
       break;

@@ -9,19 +9,18 @@ namespace ostvt {
 
 class U1Command;
 
-// Actions that the family knows besides the session's.
-enum FamilyAction : int32_t {
-  kActionCut = 3,
-  kActionDeviceReset = 7,
-  kActionDiagnostics = 10,
-  kActionInformation = 39,
-  kActionPowerManagement = 46,
-};
+// Actions that the family knows besides the session's, see settings/SessionActions.h.
+inline constexpr int32_t kActionCut = 3;
+inline constexpr int32_t kActionDeviceReset = 7;
+inline constexpr int32_t kActionDiagnostics = 10;
+inline constexpr int32_t kActionInformation = 39;
+inline constexpr int32_t kActionPowerManagement = 46;
 
 class FamilyDriverSession : public DriverSession {
  public:
   ~FamilyDriverSession() override;
   void LoadSettings() override;
+  int32_t RegisterPages(uint32_t pageFlags) override;
   void GetFileNameRules(NameRules* record) override;
   // White space around the name goes, letters become capitals. The texts of a refusal are the
   // language module's.

@@ -29,6 +29,7 @@ void* OpenStatus(const char16_t* printerName) {
 void CloseStatus(void* context) { delete static_cast<PrinterModel*>(context); }
 
 void GetStatusInterval(void* context, StatusResult* result) {
+  if (!result) return;
   result->valid = false;
   result->status = context ? static_cast<PrinterModel*>(context)->GetStatusPorts() : 0;
 }
@@ -43,9 +44,11 @@ int32_t GetStatusRequest(void* buffer, int32_t size) {
 }
 
 int32_t ParseStatus(const void* bytes, int32_t count, StatusResult* result) {
-  result->valid = bytes && count > 0;
+  const bool isValid = bytes && count > 0;
+  if (!result) return isValid ? count : 0;
+  result->valid = isValid;
   result->status = 0;
-  if (!result->valid) return 0;
+  if (!isValid) return 0;
   result->status = kStatusNone;
   const auto* answer = static_cast<const uint8_t*>(bytes);
   for (const StatusBit& row : kStatusBits) {

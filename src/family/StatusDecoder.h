@@ -15,8 +15,8 @@ inline constexpr uint32_t kStatusNone = 1;
 // The bytes of a whole answer.
 inline constexpr int32_t kStatusAnswerSize = 2;
 
-// What a monitor asks the family for. A context is made and released here; null is allowed. None of
-// these talks to the printer. One thread a context.
+// What a monitor asks the family for. A context is made and released here; null is allowed for it
+// and for a result. None of these talks to the printer. One thread a context.
 struct StatusInterface {
   // Null for a printer without a model.
   void* (*OpenStatus)(const char16_t* printerName);

@@ -1,9 +1,19 @@
 #include "family/U1Command.h"
 
+#include <cstring>
+
 #include "comm/PrinterPort.h"
 
 namespace ostvt {
 namespace {
+
+// Looked for in the bytes that would be sent: on their way there other characters may become these.
+bool Holds(const OString& text, const char* characters) {
+  return strpbrk(text.GetNarrow(), characters) != nullptr;
+}
+
+constexpr char kEndsText[] = "\"\r\n";
+constexpr char kEndsLine[] = "\r\n";
 
 void WriteQuoted(const OString& text, PrinterPort* stream) {
   stream->WriteText("\"");
@@ -25,6 +35,7 @@ U1Variable U1Variable::Query(const OString& variable) {
 }
 
 void U1Variable::Write(PrinterPort* stream) const {
+  if (Holds(name, kEndsText) || (!isQuery && Holds(text, kEndsText))) return;
   stream->WriteText(isQuery ? "! U1 getvar " : "! U1 setvar ");
   WriteQuoted(name, stream);
   if (!isQuery) {
@@ -37,6 +48,7 @@ void U1Variable::Write(PrinterPort* stream) const {
 }
 
 void U1Utilities::Write(PrinterPort* stream) const {
+  if (Holds(line, kEndsLine)) return;
   WriteLine("! UTILITIES", stream);
   WriteLine(line, stream);
   WriteLine("PRINT", stream);

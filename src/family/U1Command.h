@@ -23,7 +23,9 @@ inline PrinterPort& operator<<(PrinterPort& stream, const U1Command& command) {
 }
 
 // Sets a variable of the printer, or asks for it. Names and texts go out as they are, in double
-// quotes, so that they can hold none; an empty text gives way to the number.
+// quotes. The language has no way to write a quote or a line end within them, and the rest would be
+// a command of its own: with one of these nothing is written. An empty text gives way to the
+// number.
 class U1Variable : public U1Command {
  public:
   U1Variable(const OString& variable, const OString& value) : name(variable), text(value) {}
@@ -37,7 +39,7 @@ class U1Variable : public U1Command {
   bool isQuery = false;
 };
 
-// One line to the printer's utilities.
+// One line to the printer's utilities; nothing when it holds a line end.
 class U1Utilities : public U1Command {
  public:
   explicit U1Utilities(const OString& command) : line(command) {}

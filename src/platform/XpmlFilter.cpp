@@ -134,6 +134,7 @@ void XpmlFilter::OpenQuery(const std::string& element) {
 void XpmlFilter::Finish() {
   std::string rest;
   rest.swap(Held);
+  At = Place::kOutside;
   if (!rest.empty()) Sink->OnBytes(reinterpret_cast<const uint8_t*>(rest.data()), rest.size());
 }
 

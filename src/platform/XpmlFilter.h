@@ -30,7 +30,8 @@ class XpmlFilter {
  public:
   explicit XpmlFilter(XpmlSink* sink) : Sink(sink) {}  // borrowed
   void Write(const uint8_t* bytes, size_t count);
-  // The end of the job: what might still have become an element is the printer's.
+  // The end of the job: what might still have become an element is the printer's. What is written
+  // then is another job's.
   void Finish();
 
  private:

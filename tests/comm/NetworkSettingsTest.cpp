@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include "core/OFile.h"
+#include "platform/KeyStore.h"
 #include "platform/Spooler.h"
 #include "tests/comm/MonitorLinkFixture.h"
+#include "tests/settings/SavesAtOnce.h"
 #include "tests/support/TempDirectory.h"
 
 namespace ostvt::test {
@@ -214,6 +216,51 @@ TEST_F(NetworkSettings, TextsTravelInTheFilesCodePage) {
   EXPECT_TRUE(Import(text));
   EXPECT_EQ(std::u16string(u"b\u00FCro"), Link.GetServerAddress().GetWide());
 }
+
+#ifdef __linux__
+
+class NetworkSettingsKill : public NetworkSettings {
+ protected:
+  // Two sets of settings with many values, of which only some have the same name.
+  void SetUp() override {
+    NetworkSettings::SetUp();
+    for (int kind = 0; kind < 2; ++kind) {
+      Contents[kind] = "<network>\r\n[NETWORK:]\r\n";
+      for (int i = 100; i < 160; ++i) {
+        Contents[kind] +=
+            "\"Value " + std::to_string(i * (kind + 1)) + "\"=\"" + std::to_string(kind) + "\"\r\n";
+      }
+      Contents[kind] += "</network>\r\n\r\n";
+      Paths[kind] = Files.Put(std::to_string(kind) + ".sds", Contents[kind]);
+    }
+  }
+  bool ImportKind(int kind) {
+    OFile file(Paths[kind].c_str(), kFileShareAll);
+    file.CodePage = kCodePageUtf8;
+    return ImportNetworkSettings(Link, file);
+  }
+
+  std::string Contents[2];
+  std::string Paths[2];
+};
+
+TEST_F(NetworkSettingsKill, KilledImportLeavesTheOldSettingsOrTheNewOnes) {
+  ExpectOldOrNewListAfterKill(
+      nullptr, Contents, [this](PrinterModel*, int kind) { return ImportKind(kind); },
+      [this] { return Exported(); });
+}
+
+TEST_F(NetworkSettingsKill, WhoeverReadsMeanwhileSeesAWholeSet) {
+  ExpectOneListAfterTwoProcesses(
+      nullptr, Contents, [this](PrinterModel*, int kind) { return ImportKind(kind); },
+      [this] {
+        platform::KeyStoreTransaction whole(Store().GetDataHive(),
+                                            platform::KeyStoreTransaction::Purpose::kRead);
+        return Exported();
+      });
+}
+
+#endif
 
 }  // namespace
 }  // namespace ostvt::test

@@ -335,6 +335,19 @@ TEST_F(PrinterPortJob, EscapeMakesTheContextOfTheNextJob) {
             System.Calls);
 }
 
+TEST_F(PrinterPortJob, ContextOfAnEscapeIsNoJob) {
+  System.OtherEscape = [](int, void*, int) { return 1; };
+  Port.Escape(15034, 0, nullptr, 0, nullptr);
+  Port.WriteText("alone");
+  Port.CloseJob();
+  EXPECT_EQ(
+      (Calls{"create Test Printer", "escape 15034", "create Test Printer", "start write_packet",
+             "page", "packet 0", "packet 5", "end page", "end", "delete", "delete"}),
+      System.Calls);
+  EXPECT_FALSE(Port.SendFailed);
+  EXPECT_EQ(nullptr, Port.Job);
+}
+
 TEST_F(PrinterPortJob, PortDataIsAskedForItsSizeFirst) {
   System.OtherEscape = [](int escape, void* output, int outputSize) {
     if (escape != 15033) return -1;

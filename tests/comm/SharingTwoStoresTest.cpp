@@ -59,6 +59,29 @@ TEST_F(SharingTwoStores, EditOnTheClientReachesTheServer) {
   EXPECT_EQ(1, Updates());
 }
 
+// An update replaces the keys that it names, and the top of a branch is always named.
+TEST_F(SharingTwoStores, KeyDeletedOnTheClientIsDeletedOnTheServer) {
+  Server.WriteDword("SETTINGS:Below/Deep/A", 1u);
+  Server.WriteDword("LOCAL:Paper Sizes/Shelf/B", 2u);
+  ASSERT_TRUE(Link.PullShadow());
+  PrinterRegistry client = Client();
+  ASSERT_EQ(1u, client.ReadDword("SETTINGS:Below/Deep/A", 0));
+  client.Delete("SETTINGS:Below", true);
+  client.Delete("LOCAL:Paper Sizes/Shelf", true);
+  ASSERT_FALSE(client.GetKeyInfo("SETTINGS:Below", nullptr, nullptr));
+  ASSERT_TRUE(Link.PushShadow());
+  EXPECT_FALSE(Server.GetKeyInfo("SETTINGS:Below", nullptr, nullptr));
+  EXPECT_FALSE(Server.GetKeyInfo("LOCAL:Paper Sizes/Shelf", nullptr, nullptr));
+}
+
+TEST_F(SharingTwoStores, KeyDeletedOnTheServerIsDeletedOnTheClient) {
+  Server.WriteDword("SETTINGS:Below/Deep/A", 1u);
+  ASSERT_TRUE(Link.PullShadow());
+  Server.Delete("SETTINGS:Below", true);
+  ASSERT_TRUE(Link.PullShadow());
+  EXPECT_FALSE(Client().GetKeyInfo("SETTINGS:Below", nullptr, nullptr));
+}
+
 TEST_F(SharingTwoStores, WhatDidntChangeStaysWhereItIs) {
   Server.WriteDword("SETTINGS:A", 1u);
   Server.WriteDword("DATA:Fonts/B", 1u);

@@ -19,7 +19,6 @@ class FamilyActions : public SettingsTest {
   }
   void TearDown() override {
     Session.reset();
-    if (Printer) MonitorLink(Printer->Name()).SetShadowBlocked(false);
     SettingsTest::TearDown();
   }
   uint32_t Flags(int32_t action) {
@@ -63,6 +62,17 @@ TEST_F(FamilyActions, CommandIsAJobOfItsOwn) {
                                       "packet 25", "end page", "end", "delete"}),
             Recorder.Calls);
   EXPECT_EQ("! 0 0 0 0 1\r\nCUT\r\nPRINT\r\n", Recorder.Bytes());
+}
+
+// Whether or not it tells the server anything: else this user's printer would stay blocked.
+TEST_F(FamilyActions, BlockOfTheSessionsJobsEndsWithTheSession) {
+  constexpr char kBlocked[] = "USER:Printers/[PRINTER]/Shadow Blocked";
+  Open("");
+  ASSERT_TRUE(Session->NoShadowPush);
+  EXPECT_TRUE(Do(3));
+  EXPECT_EQ(1, Store().ReadByte(kBlocked, 0));
+  Session.reset();
+  EXPECT_EQ(-1, Store().GetValueSize(kBlocked));
 }
 
 TEST_F(FamilyActions, ResetAndDiagnosticsSendTheirLines) {

@@ -69,6 +69,14 @@ TEST(StatusDecoder, AnswerOfNoBytesIsNotValid) {
   EXPECT_FALSE(result.valid);
 }
 
+TEST(StatusAnswer, WithoutARecordNothingIsWritten) {
+  const uint8_t bytes[2] = {1, 0};
+  EXPECT_EQ(2, kStatusInterface.ParseStatus(bytes, 2, nullptr));
+  EXPECT_EQ(0, kStatusInterface.ParseStatus(bytes, 0, nullptr));
+  EXPECT_EQ(0, kStatusInterface.ParseStatus(nullptr, 2, nullptr));
+  kStatusInterface.GetStatusInterval(nullptr, nullptr);
+}
+
 TEST(StatusRequest, IsFourBytesAndAZeroOnlyWithRoomForIt) {
   for (int32_t size = 0; size <= 6; ++size) {
     TestBlock block(static_cast<uint32_t>(size));

@@ -50,6 +50,20 @@ TEST(U1Variable, NumberIsSentOnlyWhenTheTextIsEmpty) {
   EXPECT_EQ("! U1 setvar \"x\" \"word\"\r\n", Written(variable));
 }
 
+// Else what stands behind the quote or the line end would be a command of its own.
+TEST(U1Variable, TextThatCannotStandInQuotesIsNotWritten) {
+  for (const char* text : {"a\"b", "a\rb", "a\nb", "\"", "x\"\r\n! U1 do \"device.reset\"\r\n"}) {
+    EXPECT_EQ("", Written(U1Variable("device.friendly_name", text))) << text;
+    EXPECT_EQ("", Written(U1Variable(text, "value"))) << text;
+    EXPECT_EQ("", Written(U1Variable(text, 5))) << text;
+    EXPECT_EQ("", Written(U1Variable::Query(text))) << text;
+  }
+  U1Variable query("ip.port", "a\"b");
+  query.isQuery = true;
+  EXPECT_EQ("! U1 getvar \"ip.port\"\r\n", Written(query));
+  EXPECT_EQ("! U1 setvar \"x\" \"a'b\tc\\\"\r\n", Written(U1Variable("x", "a'b\tc\\")));
+}
+
 TEST(U1Variable, EveryNamedVariableIsAQueryOfItsName) {
   const struct {
     const char* Name;
@@ -97,6 +111,12 @@ TEST(U1Variable, EveryNamedVariableIsAQueryOfItsName) {
 
 TEST(U1Utilities, LineStandsBetweenItsBrackets) {
   EXPECT_EQ("! UTILITIES\r\nDIR\r\nPRINT\r\n", Written(U1Utilities("DIR")));
+}
+
+TEST(U1Utilities, LineThatIsSeveralIsNotWritten) {
+  EXPECT_EQ("", Written(U1Utilities("DIR\r\nPRINT\r\n! U1 do \"device.reset\"")));
+  EXPECT_EQ("", Written(U1Utilities("DIR\n")));
+  EXPECT_EQ("! UTILITIES\r\nTYPE \"a\"\r\nPRINT\r\n", Written(U1Utilities("TYPE \"a\"")));
 }
 
 TEST(U1Command, CutIsALabelOfItsOwn) {

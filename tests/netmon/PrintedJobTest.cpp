@@ -192,6 +192,22 @@ TEST_F(NetmonJob, PrinterThatHangsUpFailsTheJob) {
   EXPECT_EQ(0, Print(std::string(8 << 20, 'x')));
 }
 
+#ifndef _WIN32
+// Even when all of it had been passed on before. Wine's sockets don't break off.
+TEST_F(NetmonJob, PrinterThatHangsUpAtTheEndFailsTheJob) {
+  Printer.SetHangUpAfter(6);
+  EXPECT_EQ(0, Print("PRINT\r\n"));
+}
+#endif
+
+TEST(PrintedJob, AnswerMayTakeLongAsLongAsItComes) {
+  using netmon::IsAnswerTooSlow;
+  EXPECT_FALSE(IsAnswerTooSlow(29999, 1));
+  EXPECT_TRUE(IsAnswerTooSlow(30010, 1));
+  EXPECT_TRUE(IsAnswerTooSlow(31000, 30));      // a byte a second
+  EXPECT_FALSE(IsAnswerTooSlow(60000, 57600));  // a serial line of 9600 baud
+}
+
 TEST_F(NetmonJob, GivenUpJobIsNotAnswered) {
   PrintedJob job(Spooled.Name(), "Job");
   const int32_t number = job.Start();

@@ -77,7 +77,7 @@ TEST_F(RequestTest, BracketsOfATypedRequestArePassedOver) {
 }
 
 TEST_F(RequestTest, KeptAnswerComesByItsName) {
-  netmon::AnswerStore(Spooled.Name()).Keep("Printer Command", std::string("a\0b<", 4));
+  netmon::AnswerStore(Spooled.Name()).Keep("Printer Command", 1, std::string("a\0b<", 4));
   EXPECT_EQ(std::string("a\0b<", 4),
             Ask("<query action='get' value='response' name='Printer Command' />"));
   EXPECT_EQ("", Ask("<query action='get' value='response' name='Another' />"));

@@ -91,15 +91,18 @@ class CupsServer {
             static_cast<char*>(nullptr));
       _exit(127);
     }
-    for (int i = 0; i < kPatience && !Started && waitpid(Process, nullptr, WNOHANG) == 0; ++i) {
-      Started = IsListening(Port);
+    for (int i = 0; i < kPatience && !Started && !Ended; ++i) {
+      Ended = waitpid(Process, nullptr, WNOHANG) != 0;
+      Started = !Ended && IsListening(Port);
       if (!Started) Step();
     }
   }
   ~CupsServer() {
-    if (Started) {
-      kill(Process, SIGTERM);
-      waitpid(Process, nullptr, 0);
+    if (Ended) return;
+    kill(Process, Started ? SIGTERM : SIGKILL);
+    for (int i = 0; i < kPatience && waitpid(Process, nullptr, WNOHANG) == 0; ++i) {
+      if (i == kPatience - 1) kill(Process, SIGKILL);
+      Step();
     }
   }
   CupsServer(const CupsServer&) = delete;
@@ -124,6 +127,7 @@ class CupsServer {
   TempDirectory Files;
   uint16_t Port;
   pid_t Process;
+  bool Ended = false;  // by itself
 };
 
 class CupsPort : public test::SpoolerFixture {

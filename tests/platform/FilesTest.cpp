@@ -164,6 +164,57 @@ TEST_F(FilesTest, TempNamesAreFreeOnes) {
   for (const std::u16string& name : names) EXPECT_TRUE(DeleteFile(name.c_str()));
 }
 
+TEST_F(FilesTest, ReplacementLiesBesideTheFileAndTakesItsPlace) {
+  Directory.Put("f", "old");
+  const std::u16string made = MakeReplacement(PathOf(u"f").c_str());
+  ASSERT_FALSE(made.empty());
+  EXPECT_EQ(std::filesystem::path(Directory.Path()), std::filesystem::path(made).parent_path());
+  const FileHandle file = OpenFile(made.c_str(), true, kShareAll, false);
+  ASSERT_NE(nullptr, file);
+  EXPECT_EQ(0u, FileSize(file));
+  WriteFile(file, "new", 3);
+  CloseFile(file);
+  EXPECT_EQ("old", Directory.Get("f"));
+  EXPECT_TRUE(PutInPlace(made.c_str(), PathOf(u"f").c_str()));
+  EXPECT_EQ("new", Directory.Get("f"));
+  EXPECT_FALSE(std::filesystem::exists(made));
+}
+
+TEST_F(FilesTest, ReplacementNeedsNoEarlierFile) {
+  const std::u16string made = MakeReplacement(PathOf(u"f").c_str());
+  ASSERT_FALSE(made.empty());
+  EXPECT_FALSE(std::filesystem::exists(Directory.Path("f")));
+  EXPECT_TRUE(PutInPlace(made.c_str(), PathOf(u"f").c_str()));
+  EXPECT_TRUE(std::filesystem::exists(Directory.Path("f")));
+}
+
+TEST_F(FilesTest, ReplacementsOfOneFileAreDifferentOnes) {
+  const std::u16string first = MakeReplacement(PathOf(u"f").c_str());
+  EXPECT_NE(first, MakeReplacement(PathOf(u"f").c_str()));
+}
+
+TEST_F(FilesTest, WhatIsNoFileIsNotReplaced) {
+  for (const std::u16string& path :
+       {std::u16string(), PathOf(u"."), PathOf(u"no folder/f"), Directory.WidePath(u"")}) {
+    EXPECT_EQ(u"", MakeReplacement(path.c_str()));
+  }
+  EXPECT_EQ(u"", MakeReplacement(nullptr));
+  Directory.Put("f", "new");
+  EXPECT_FALSE(PutInPlace(PathOf(u"none").c_str(), PathOf(u"f").c_str()));
+  EXPECT_FALSE(PutInPlace(nullptr, PathOf(u"f").c_str()));
+  EXPECT_FALSE(PutInPlace(PathOf(u"f").c_str(), PathOf(u"no folder/f").c_str()));
+  EXPECT_FALSE(PutInPlace(PathOf(u"f").c_str(), nullptr));
+  EXPECT_EQ("new", Directory.Get("f"));
+}
+
+TEST_F(FilesTest, FileThatSomebodyHoldsForHimselfIsNotReplaced) {
+  const FileHandle held = OpenFile(PathOf(u"f").c_str(), true, kShareNothing, true);
+  ASSERT_NE(nullptr, held);
+  EXPECT_EQ(u"", MakeReplacement(PathOf(u"f").c_str()));
+  CloseFile(held);
+  EXPECT_NE(u"", MakeReplacement(PathOf(u"f").c_str()));
+}
+
 TEST_F(FilesTest, DirectoryIsNotDeletedAsAFile) {
   EXPECT_FALSE(DeleteFile(PathOf(u".").c_str()));
   EXPECT_TRUE(std::filesystem::exists(Directory.Path()));

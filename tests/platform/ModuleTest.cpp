@@ -38,6 +38,29 @@ TEST(Module, ProcessPathIsThatOfTheProgram) {
   EXPECT_EQ(u"platform_tests.exe", std::filesystem::path(ProcessPath()).filename().u16string());
 }
 
+TEST(Module, PathIsThatOfItsFile) {
+  void* before = ModuleHandle();
+  SetModuleHandle(GetModuleHandleW(L"kernel32.dll"));
+  EXPECT_EQ(0, lstrcmpiW(L"kernel32.dll", std::filesystem::path(ModulePath()).filename().c_str()));
+  EXPECT_EQ(ModuleDirectory(), std::filesystem::path(ModulePath()).parent_path().u16string());
+  SetModuleHandle(before);
+}
+
+TEST(Module, SystemsDirectoryLiesInThatOfWindows) {
+  EXPECT_EQ(0, lstrcmpiW(AsWide(WindowsDirectory().c_str()),
+                         std::filesystem::path(SystemDirectory()).parent_path().c_str()));
+}
+
+TEST(Module, PlacesTakeThatOfTheSystem) {
+  const std::u16string system = SystemDirectory();
+  const SystemPlaces places = {u"X:\\a", u"X:\\b"};
+  SetSystemPlaces(&places);
+  EXPECT_EQ(u"X:\\a", SystemDirectory());
+  EXPECT_EQ(u"X:\\b", WindowsDirectory());
+  SetSystemPlaces(nullptr);
+  EXPECT_EQ(system, SystemDirectory());
+}
+
 #else
 
 class Module : public ::testing::Test {
@@ -70,6 +93,23 @@ TEST_F(Module, EmptyEnvironmentCountsAsNone) {
 TEST_F(Module, DirectoryHasAtMost260Units) {
   setenv("OSTVT_MODULE_DIR", std::string(300, 'x').c_str(), 1);
   EXPECT_EQ(std::u16string(260, u'x'), ModuleDirectory());
+}
+
+TEST_F(Module, PathIsThatOfTheFileWhateverTheEnvironmentSays) {
+  EXPECT_EQ(ProcessPath(), ModulePath());
+  setenv("OSTVT_MODULE_DIR", "/some/3", 1);
+  EXPECT_EQ(ProcessPath(), ModulePath());
+}
+
+TEST_F(Module, SystemHasNoDirectoryOfItsOwn) {
+  EXPECT_EQ(u"", SystemDirectory());
+  EXPECT_EQ(u"", WindowsDirectory());
+  const SystemPlaces places = {u"/a", u"/b"};
+  SetSystemPlaces(&places);
+  EXPECT_EQ(u"/a", SystemDirectory());
+  EXPECT_EQ(u"/b", WindowsDirectory());
+  SetSystemPlaces(nullptr);
+  EXPECT_EQ(u"", SystemDirectory());
 }
 
 TEST_F(Module, ProcessPathIsThatOfTheProgram) {

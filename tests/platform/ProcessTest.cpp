@@ -38,7 +38,41 @@ TEST(Process, ProgramThatIsNotThereIsRefused) {
   EXPECT_FALSE(StartProgram(nullptr, kShowHidden));
 }
 
+std::u16string noted;
+bool answer;
+
+TEST(Process, FunctionTakesThePlaceOfTheSystem) {
+  for (const bool started : {true, false}) {
+    answer = started;
+    noted.clear();
+    const StartFunction before =
+        SetStartFunction([](const char16_t* line, int state, const char16_t* directory) {
+          noted = std::u16string(line) + (state == kShowNormal ? u"|normal|" : u"|other|") +
+                  (directory ? directory : u"none");
+          return answer;
+        });
+    EXPECT_EQ(nullptr, before);
+    EXPECT_EQ(started, StartProgram(u"no-such-program-of-ours", kShowNormal, u"/there"));
+    EXPECT_EQ(u"no-such-program-of-ours|normal|/there", noted);
+    EXPECT_EQ(started, StartProgram(u"other", kShowHidden));
+    EXPECT_EQ(u"other|other|none", noted);
+    noted.clear();
+    EXPECT_FALSE(StartProgram(u"", kShowHidden));
+    EXPECT_FALSE(StartProgram(nullptr, kShowHidden));
+    EXPECT_EQ(u"", noted);
+    EXPECT_NE(nullptr, SetStartFunction(nullptr));
+  }
+  EXPECT_FALSE(StartProgram(u"no-such-program-of-ours", kShowNormal));
+}
+
 #ifdef _WIN32
+
+TEST(Process, ProgramRunsInTheGivenDirectory) {
+  TempDirectory directory;
+  ASSERT_TRUE(
+      StartProgram(u"cmd.exe /c echo done>out", kShowHidden, directory.WidePath(u"").c_str()));
+  EXPECT_EQ("done\r\n", WaitForFile(directory, "out", '\n'));
+}
 
 TEST(Process, ProgramRunsHidden) {
   TempDirectory directory;
@@ -68,6 +102,19 @@ TEST(Process, ArgumentsArePartedByBlanksOutsideQuotes) {
   ASSERT_TRUE(StartProgram(line.c_str(), kShowNormal));
   EXPECT_EQ("a\nb\nc  d\ne f\n\n\"g\"\nh\\i\n\xd0\x96\nend.\n",
             WaitForFile(directory, "out", '\n'));
+}
+
+TEST(Process, ProgramRunsInTheGivenDirectory) {
+  TempDirectory directory;
+  ASSERT_TRUE(StartProgram(u"/bin/sh -c \"echo done > out\"", kShowHidden,
+                           directory.WidePath(u"").c_str()));
+  EXPECT_EQ("done\n", WaitForFile(directory, "out", '\n'));
+}
+
+TEST(Process, ProgramIsNotStartedInADirectoryThatIsNotThere) {
+  TempDirectory directory;
+  EXPECT_FALSE(StartProgram(u"/bin/true", kShowHidden, directory.WidePath(u"missing").c_str()));
+  EXPECT_TRUE(StartProgram(u"/bin/true", kShowHidden, u""));
 }
 
 TEST(Process, CallerDoesNotWait) {

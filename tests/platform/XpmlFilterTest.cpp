@@ -42,6 +42,20 @@ std::string Filter(const std::string& bytes) {
   return whole;
 }
 
+TEST(XpmlFilter, EachJobBeginsOutsideOfADocument) {
+  TextSink sink;
+  XpmlFilter filter(&sink);
+  const auto write = [&filter](const std::string& bytes) {
+    filter.Write(reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size());
+    filter.Finish();
+  };
+  write("<xpml><query action='execute' name='A' response_length='1'>x");
+  write("<xpml>y</query>z</xpml></");
+  EXPECT_EQ("[A=1]xyz</", sink.Text);
+  write("<end/>");
+  EXPECT_EQ("[A=1]xyz</<end/>", sink.Text);
+}
+
 TEST(XpmlFilter, PlainJobsPassAsTheyAre) {
   EXPECT_EQ("", Filter(""));
   EXPECT_EQ("! 0 200 200 5 1\r\nPRINT\r\n", Filter("! 0 200 200 5 1\r\nPRINT\r\n"));
