@@ -1,5 +1,6 @@
 #include "comm/MonitorLink.h"
 #include "entry/Exports.h"
+#include "entry/NewSession.h"
 #include "entry/PrinterAction.h"
 #include "settings/DriverSession.h"
 #include "settings/StockRecords.h"
@@ -32,7 +33,7 @@ void* OSTVT_API DAL_Printer_Open(void* printer) {
   // Before the model is read, which Initialize does before it pulls.
   const OString name = PrinterId(printer).GetFullName();
   if (!name.IsEmpty()) MonitorLink(name).PullShadow();
-  DriverSession* session = CreateDriverSession();
+  DriverSession* session = NewSession();
   if (session) session->Initialize(printer, nullptr, 0);
   return session;
 }
@@ -67,10 +68,22 @@ void OSTVT_API DAL_Printer_SendFile(void* session, const char16_t* path) {
   if (session && path) AsSession(session)->SendFile(path);
 }
 
-// A session doesn't keep its settings in files: these leave all as it is.
-void OSTVT_API DAL_Settings_Export(void*, const char16_t*, uint32_t) {}
-void OSTVT_API DAL_Settings_Import(void*, const char16_t*, uint32_t) {}
-void OSTVT_API DAL_Settings_Reset(void*, uint32_t) {}
+void OSTVT_API DAL_Settings_Export(void* session, const char16_t* path, uint32_t sections) {
+  if (session && path) AsSession(session)->ExportSettings(path, sections, nullptr);
+}
+
+// What these two bring is in the store when they return.
+void OSTVT_API DAL_Settings_Import(void* session, const char16_t* path, uint32_t sections) {
+  if (!session || !path) return;
+  AsSession(session)->ImportSettings(path, sections, nullptr);
+  AsSession(session)->Save();
+}
+
+void OSTVT_API DAL_Settings_Reset(void* session, uint32_t sections) {
+  if (!session) return;
+  AsSession(session)->ResetSettings(sections);
+  AsSession(session)->Save();
+}
 
 int32_t OSTVT_API DAL_Stock_Enumerate(void* session, int32_t index, void* record, int32_t size) {
   if (!session) return kNullSession;

@@ -117,10 +117,13 @@ void OSTVT_API X16_ImageDither_Dither(void* record);
 void OSTVT_API X16_ImageDither_DitherSmooth(void* record);
 // `record` is an ImageStretchRecord, see imaging/ImageStretch.h; its own destination is not used.
 void OSTVT_API X16_ImageStretch_Stretch(void* record, void* destination);
+// Lays the factory settings and the driver's companion files down for a printer.
 void OSTVT_API X16_Install(const char16_t* printerName);
 // A print server's configuration is brought in, and what changed here is given back.
 void OSTVT_API X16_CreateShadow(const char16_t* printerName);
 void OSTVT_API X16_CommitShadow(const char16_t* printerName);
+// Serves the request of the partner whose channel has the name, given in the system's own code
+// page; returns at once when there is no such channel. The other two are not used.
 void OSTVT_API X16_DocumentProperties(void* window, void* instance, const char* channelName);
 
 #pragma GCC visibility pop

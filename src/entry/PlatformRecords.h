@@ -9,6 +9,7 @@
 #include <cstdint>
 
 #include "entry/CallingConvention.h"
+#include "settings/SheetHost.h"
 
 namespace ostvt {
 
@@ -16,13 +17,6 @@ namespace ostvt {
 // function.
 using ComPropSheetFunction = intptr_t(OSTVT_API*)(void* hComPropSheet, uint32_t function,
                                                   intptr_t lParam1, intptr_t lParam2);
-
-// Functions of the callback.
-inline constexpr uint32_t kSheetAddPage = 0;
-inline constexpr uint32_t kSheetGetPageCount = 8;
-inline constexpr uint32_t kSheetSetResult = 9;
-inline constexpr uint32_t kSheetGetPageHandles = 10;
-inline constexpr uint32_t kSheetInsertPage = 17;
 
 // Values of PropSheetUiInfo::Reason.
 inline constexpr uint16_t kReasonInit = 0;
@@ -84,21 +78,6 @@ struct SetResultInfo {
 static_assert(sizeof(SetResultInfo) == 24);
 static_assert(offsetof(SetResultInfo, hSetResult) == 8);
 static_assert(offsetof(SetResultInfo, Result) == 16);
-
-// INSERTPSUIPAGE_INFO
-struct InsertPageInfo {
-  uint16_t cbSize;
-  uint8_t Type;
-  uint8_t Mode;
-  uint8_t Reserved[4];
-  uintptr_t dwData1;
-  uintptr_t dwData2;
-  uintptr_t dwData3;
-};
-static_assert(sizeof(InsertPageInfo) == 32);
-static_assert(offsetof(InsertPageInfo, Type) == 2);
-static_assert(offsetof(InsertPageInfo, Mode) == 3);
-static_assert(offsetof(InsertPageInfo, dwData1) == 8);
 
 // DEVICEPROPERTYHEADER
 struct DevicePropertyHeader {

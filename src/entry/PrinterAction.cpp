@@ -1,13 +1,9 @@
 #include "entry/PrinterAction.h"
 
 #include "settings/DriverSession.h"
+#include "settings/SessionActions.h"
 
 namespace ostvt {
-namespace {
-
-constexpr uint32_t kActionExists = 1;
-
-}  // namespace
 
 bool RunAction(DriverSession* session, void* parent, int32_t action) {
   ActionContext query{session, nullptr};

@@ -50,7 +50,7 @@ bool PrinterConnected(const char16_t* printerName, const platform::SystemVersion
     return false;
   }
   OpenedPrinter printer(printerName, platform::kPrinterAccessUse);
-  if (printer.IsOpen()) InstallPrinterFiles(printer.Handle());
+  if (printer.IsOpen()) InstallPrinterFiles(printer.Handle(), system);
   return true;
 }
 
@@ -66,7 +66,7 @@ bool PrinterCreated(const char16_t* printerName, const platform::SystemVersion& 
   std::unique_ptr<PrinterModel> model(CreatePrinterModel(printerId));
   if (!model) return false;
   bool upgraded = UpgradeStoredDevMode(printer.Handle(), printerId, model.get());
-  InstallPrinterFiles(printer.Handle());
+  InstallPrinterFiles(printer.Handle(), system);
   if (HasFirewall(system)) {
     OpenFirewallPort(model->GetStore().ReadDword("NETWORK:TCP Port", kDefaultTcpPort));
   }

@@ -3,6 +3,7 @@
 #include "entry/CallerBlock.h"
 #include "entry/ConvertDevMode.h"
 #include "entry/Exports.h"
+#include "entry/NewSession.h"
 #include "entry/Sheet.h"
 #include "model/PrinterModel.h"
 #include "platform/Module.h"
@@ -16,14 +17,14 @@ namespace ostvt {
 namespace {
 
 int32_t BeginDeviceSheet(PropSheetUiInfo* info, const DevicePropertyHeader& header) {
-  DriverSession* session = CreateDriverSession();
+  DriverSession* session = NewSession();
   if (!session) return kSheetFailure;
   session->Initialize(header.hPrinter, nullptr, kSessionDefaults, OString(header.pszPrinterName));
   return StartDeviceSheet(session, info);
 }
 
 int32_t BeginDocumentSheet(PropSheetUiInfo* info, const DocumentPropertyHeader& header) {
-  DriverSession* session = CreateDriverSession();
+  DriverSession* session = NewSession();
   if (!session) return kSheetFailure;
   uint32_t flags = header.fMode & ~kSessionDefaults;  // not the host's to set
   if (IsExplorer(platform::ProcessPath())) flags |= kSessionDefaults;
@@ -74,7 +75,7 @@ int32_t OSTVT_API DrvDevicePropertySheets(ostvt::PropSheetUiInfo* info, intptr_t
       return FillInfoHeader(info, reinterpret_cast<PropSheetUiInfoHeader*>(lparam));
     case kReasonDestroy:
       if (!info->UserData) return kSheetFailure;
-      EndSheet(info);
+      EndSheet(info, nullptr);
       return 1;
     case kReasonSetResult:
       return ApplySheetResult(info, reinterpret_cast<const SetResultInfo*>(lparam), nullptr);
@@ -94,7 +95,7 @@ int32_t OSTVT_API DrvDocumentPropertySheets(ostvt::PropSheetUiInfo* info, intptr
     case kReasonGetInfoHeader:
       return FillInfoHeader(info, reinterpret_cast<PropSheetUiInfoHeader*>(lparam));
     case kReasonDestroy:
-      EndSheet(info);
+      EndSheet(info, header);
       return 1;
     case kReasonSetResult:
       return ApplySheetResult(info, reinterpret_cast<const SetResultInfo*>(lparam), header);

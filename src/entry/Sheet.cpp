@@ -16,11 +16,6 @@ namespace {
 constexpr uintptr_t kSheetIcon = 64082;
 constexpr int32_t kPageLimit = 100;  // as many as a sheet of the platform can have
 
-constexpr uint32_t kPagesFonts = 1;
-constexpr uint32_t kPagesGraphics = 2;
-constexpr uint32_t kPagesSetup = 4;
-constexpr uint32_t kPagesCache = 8;
-
 // Another part of the driver leaves word which page the next device sheet is wanted for.
 constexpr char kMessageValue[] = "DATA:LW Message";
 constexpr uint32_t kMessageCache = 4;
@@ -43,16 +38,29 @@ intptr_t CallHost(DriverSession* session, uint32_t function, intptr_t first, int
   return session->SheetCallback(session->SheetHandle, function, first, second);
 }
 
-// The host's handles of the pages that were added; later calls name a page by them.
-void KeepPageHandles(DriverSession* session) {
+// The host's handles of the pages, by which later calls name them. A host that speaks less than the
+// whole protocol knows neither their number nor handles.
+void KeepPageHandles(DriverSession* session, int32_t added) {
+  session->PageCount = added;
   intptr_t count = CallHost(session, kSheetGetPageCount, 0, 0);
   if (count <= 0) return;
   if (count > kPageLimit) count = kPageLimit;
+  session->PageCount = static_cast<int32_t>(count);
   FreeCounted(session->PageHandles);
   session->PageHandles =
       static_cast<void**>(AllocCountedZero(static_cast<size_t>(count), sizeof(void*)));
-  session->PageCount = static_cast<int32_t>(count);
-  CallHost(session, kSheetGetPageHandles, reinterpret_cast<intptr_t>(session->PageHandles), count);
+  const auto handles = reinterpret_cast<intptr_t>(session->PageHandles);
+  if (CallHost(session, kSheetGetPageHandles, handles, count) == 0) {
+    FreeCounted(session->PageHandles);
+    session->PageHandles = nullptr;
+  }
+}
+
+// The About page is always the last.
+void AddPages(DriverSession* session, uint32_t flags) {
+  int32_t added = session->RegisterPages(flags);
+  if (session->AddAboutPage()) added++;
+  KeepPageHandles(session, added);
 }
 
 void HandOver(DriverSession* session, PropSheetUiInfo* info) {
@@ -85,8 +93,7 @@ int32_t StartDeviceSheet(DriverSession* session, PropSheetUiInfo* info) {
     flags = kPagesCache;
     session->KeepAboutClosed();
   }
-  session->RegisterPages(flags);
-  KeepPageHandles(session);
+  AddPages(session, flags);
   InstallSheetHook(session);
   HandOver(session, info);
   return 1;
@@ -95,8 +102,7 @@ int32_t StartDeviceSheet(DriverSession* session, PropSheetUiInfo* info) {
 int32_t StartDocumentSheet(DriverSession* session, PropSheetUiInfo* info) {
   KeepContext(session, info);
   if (!session->IsDefaultsSession()) session->KeepAboutClosed();
-  session->RegisterPages(kPagesSetup | kPagesGraphics);
-  KeepPageHandles(session);
+  AddPages(session, kPagesSetup | kPagesGraphics);
   HandOver(session, info);
   return 1;
 }
@@ -133,11 +139,19 @@ int32_t ApplySheetResult(PropSheetUiInfo* info, const SetResultInfo* setResult,
       session->SavedDevMode.CopyTo(header->pdmOut, kDevModeSize);
     }
   }
+  session->IsApplied = false;
   info->Result = static_cast<uintptr_t>(setResult->Result);
   return 1;
 }
 
-void EndSheet(PropSheetUiInfo* info) {
+void EndSheet(PropSheetUiInfo* info, const DocumentPropertyHeader* header) {
+  const DriverSession* session = SessionOf(info);
+  if (session && session->IsApplied) {
+    SetResultInfo result = {};
+    result.cbSize = sizeof result;
+    result.Result = kResultOk;
+    ApplySheetResult(info, &result, header);
+  }
   delete SessionOf(info);
   info->UserData = 0;
 }

@@ -27,8 +27,9 @@ int32_t FillInfoHeader(const PropSheetUiInfo* info, PropSheetUiInfoHeader* heade
 // for a device sheet, which has neither. -1 without a session or a result.
 int32_t ApplySheetResult(PropSheetUiInfo* info, const SetResultInfo* setResult,
                          const DocumentPropertyHeader* header);
-// The end of the session; null is allowed.
-void EndSheet(PropSheetUiInfo* info);
+// The end of the session; null is allowed. Hosts that never tell a result leave what was applied to
+// this call, which then passes it on as for OK; `header` as above.
+void EndSheet(PropSheetUiInfo* info, const DocumentPropertyHeader* header);
 
 // The shell's own program, by the path of the program that runs: its sheets edit a printer's
 // defaults.

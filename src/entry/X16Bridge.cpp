@@ -1,6 +1,7 @@
 #include "comm/MonitorLink.h"
 #include "entry/Exports.h"
 #include "entry/PrinterFiles.h"
+#include "entry/X16Launch.h"
 #include "imaging/ImageDither.h"
 #include "imaging/ImageStretch.h"
 #include "settings/OpenedPrinter.h"
@@ -9,7 +10,9 @@ using namespace ostvt;
 
 void OSTVT_API X16_Install(const char16_t* printerName) {
   OpenedPrinter printer(printerName, platform::kPrinterAllAccess);
-  if (printer.IsOpen()) InstallPrinterFiles(printer.Handle());
+  if (printer.IsOpen()) {
+    InstallPrinterFiles(printer.Handle(), platform::GetSystemVersion());
+  }
 }
 
 void OSTVT_API X16_ImageDither_Dither(void* record) {
@@ -31,5 +34,7 @@ void OSTVT_API X16_CommitShadow(const char16_t* printerName) {
   if (printerName) MonitorLink(printerName).PushShadow();
 }
 
-// This module has no channel to a 16-bit partner: all stays as it is.
-void OSTVT_API X16_DocumentProperties(void*, void*, const char*) {}
+void OSTVT_API X16_DocumentProperties(void*, void*, const char* channelName) {
+  platform::ChannelWindow channel = channelName ? platform::FindChannel(channelName) : nullptr;
+  if (channel) ServeLaunch(channel, channelName, nullptr);
+}

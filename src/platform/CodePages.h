@@ -25,8 +25,8 @@ inline constexpr uint32_t kFirstHighByte = 0x80;
 inline constexpr int kHighBytes = 128;
 
 // What each byte from 0x80 on is when it stands alone: units[0] for 0x80 and so on. 0 where that
-// isn't exactly one unit: the page doesn't define the byte, or it begins a longer character. False,
-// with all units 0, if the number is not valid.
+// isn't exactly one unit: the page doesn't define the byte, or it begins a longer character; on
+// Linux also where it is one for private use. False, with all units 0, if the number is not valid.
 bool HighBytesToWide(uint32_t codePage, char16_t (&units)[kHighBytes]);
 
 }  // namespace ostvt::platform

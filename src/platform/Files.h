@@ -48,6 +48,13 @@ bool SetTimes(FileHandle file, const FileTimes& times);
 bool DeleteFile(const char16_t* path);
 // Win32 attribute bits. On Linux the only effect is that a file without bit 1 becomes writable.
 bool SetAttributes(const char16_t* path, uint32_t attributes);
+// A new empty file for PutInPlace, beside the one of that path, which need not be there. "" where
+// that path can't be written, or leads to something else than a file.
+std::u16string MakeReplacement(const char16_t* path);
+// `replacement` becomes the file of that path, at once: whoever opens it finds the old one or the
+// new one whole, even when the process or the system ends meanwhile. On Linux the access rights of
+// the old one stay, and a link to it does. False leaves both as they were.
+bool PutInPlace(const char16_t* replacement, const char16_t* path);
 // A name in the directory for temporary files: up to three characters of `prefix`, `unique` in hex
 // (16 bits), ".tmp". With `unique` 0 a free number is taken and the empty file made. "" on failure.
 std::u16string MakeTempName(const char16_t* prefix, uint32_t unique);

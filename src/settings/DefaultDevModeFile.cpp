@@ -1,29 +1,14 @@
 // A session's device mode in a settings file, as the printer's default.
-#include <algorithm>
-
 #include "core/DriverPath.h"
-#include "core/Memory.h"
 #include "core/OFile.h"
 #include "model/TextRecords.h"
+#include "settings/DevModeOverlay.h"
 #include "settings/DriverSession.h"
 #include "settings/PresetText.h"
 #include "settings/StockPapers.h"
 #include "settings/StoredDevMode.h"
 
 namespace ostvt {
-namespace {
-
-// The header of `target` stays, and so does its halftone block.
-void Overlay(const DevMode& source, DevMode* target) {
-  constexpr uint32_t kStart = offsetof(PublicDevMode, dmFields);
-  const uint32_t end = std::min(source.GetPublicSize(), target->GetPublicSize());
-  if (end > kStart)
-    CopyBytes(target->GetBlock() + kStart, source.GetBlock() + kStart, end - kStart);
-  target->CopyPrivateFrom(source);
-}
-
-}  // namespace
-
 void DriverSession::ExportDefaultDevMode(OStream& stream) const {
   if (DevModeBuffer.IsEmpty()) return;
   WriteRecordLine(stream, "<preset default='true'>");
@@ -34,7 +19,7 @@ bool DriverSession::ImportDefaultDevMode(OFile& stream, PrinterModel* model) {
   using Line = TextRecordReader::Line;
   if (!model || DevModeBuffer.IsEmpty()) return false;
   TextRecordReader reader(stream, kPresetRecord, model);
-  StockPapers papers(model);
+  StockPapers papers(model, StockLoaded ? &Stock : nullptr);
   PresetItem item;
   bool applied = false;
   for (Line line = reader.Next(); line != Line::kEnd; line = reader.Next()) {
@@ -44,7 +29,7 @@ bool DriverSession::ImportDefaultDevMode(OFile& stream, PrinterModel* model) {
     } else if (line == Line::kValue && reader.Key == kPresetData) {
       ReadPresetData(reader.Value, model, &papers, &item);
     } else if (line == Line::kClosing && !item.Block.IsEmpty()) {
-      Overlay(item.Block, &DevModeBuffer);
+      OverlayDevMode(item.Block, &DevModeBuffer);
       applied = true;
     }
   }

@@ -9,6 +9,28 @@ namespace {
 constexpr uint32_t kHeadSize = 8;  // signature and length
 constexpr char kSignature[] = "DM32";
 
+bool HasFormName(const DevMode& block) {
+  constexpr uint32_t kOffset = offsetof(PublicDevMode, dmFormName);
+  char16_t first = 0;
+  if (block.GetPublicSize() >= kOffset + sizeof(first))
+    memcpy(&first, block.GetBlock() + kOffset, sizeof(first));
+  return first != 0;
+}
+
+// What a block in a file says about the printer that it was written for: here it is another one's,
+// on purpose.
+void FitToTarget(DevMode* block, const DevMode& target, bool hasPapers) {
+  constexpr uint32_t kNameSize = sizeof(PublicDevMode::dmDeviceName);
+  // A block of another printer would be taken without its resolution and colour.
+  if (block->GetSize() >= kNameSize && target.GetSize() >= kNameSize)
+    memcpy(block->GetBlock(), target.GetBlock(), kNameSize);
+  // Numbers of papers mean other ones on another printer, names do not.
+  if (hasPapers && block->HasFields(kFieldPaperSize | kFieldFormName) && HasFormName(*block) &&
+      block->Get(&PublicDevMode::dmPaperSize) > kUserPaperId) {
+    block->ChangeFields(kFieldPaperSize, 0);
+  }
+}
+
 }  // namespace
 
 void WriteDevModeBlob(const DevMode& devMode, Buffer* blob) {
@@ -30,7 +52,12 @@ bool ReadDevModeBlob(const void* blob, uint32_t size, PrinterModel* model, DevMo
   length = std::min(length, size - kHeadSize);
   const uint8_t* block = bytes + kHeadSize;
   if (memcmp(bytes, kSignature, 4) == 0) {
-    target->Merge(DevMode(const_cast<uint8_t*>(block), length), model, papers);  // only read
+    Buffer copy;
+    copy.Resize(length);
+    CopyBytes(copy.Data, block, length);
+    DevMode source(copy.Data, length);
+    FitToTarget(&source, *target, papers != nullptr);
+    target->Merge(source, model, papers);
   } else {
     target->ImportNarrow(block, length);
     target->Validate(model, papers);

@@ -14,6 +14,7 @@ void WriteDevModeBlob(const DevMode& devMode, Buffer* blob);
 
 // Overlays the blob's block on `target`, which has one already, defaults as a rule, and validates
 // it, the papers included where they are given. Of the block only what lies inside `size` counts.
+// It may have been written for another printer: a stock that it names is found by its name.
 // False, with `target` untouched, if this is no blob.
 bool ReadDevModeBlob(const void* blob, uint32_t size, PrinterModel* model, DevMode* target,
                      PaperResolver* papers = nullptr);

@@ -22,10 +22,10 @@ OString VersionTextOf(const char16_t* name) { return platform::VersionText(name)
 
 DriverSession::~DriverSession() {
   if (AtEnd) AtEnd(this);
-  if (Model && !NoShadowPush) {
-    MonitorFailureDialog();
+  if (Model) {
+    if (!NoShadowPush) MonitorFailureDialog();
     Link.SetShadowBlocked(false);
-    Link.PushShadow();
+    if (!NoShadowPush) Link.PushShadow();
   }
   delete Model;
   FreeCounted(PageHandles);
@@ -39,6 +39,7 @@ void DriverSession::Initialize(platform::PrinterHandle printerHandle, const DevM
   PrinterName = printer.GetFullName();
   Model = CreatePrinterModel(printer);
   if (!Model) return;
+  if (Windows) Resources = Windows->OpenResources(this);
   DevModeBuffer.Allocate();
   LoadDefaultDevMode();
   Link.PrinterName = PrinterName;
@@ -133,8 +134,6 @@ void DriverSession::StoreDefaultDevMode() {
   }
 }
 
-void DriverSession::KeepAboutClosed() { AboutMayOpenFirst = false; }
-
 bool DriverSession::IsDefaultsSession() const {
   if (!DriverOnNtPath) return DefaultsMode;
   return (SessionFlags & (kSessionDefaults | kSessionUpdate)) != 0;
@@ -156,8 +155,6 @@ OString DriverSession::GetBuildDate() const { return VersionTextOf(u"Build Date"
 OString DriverSession::GetScmBranch() const { return VersionTextOf(u"SCM Branch"); }
 OString DriverSession::GetScmRevision() const { return VersionTextOf(u"SCM Revision"); }
 
-int32_t DriverSession::RegisterPages(uint32_t) { return 0; }
-
 void DriverSession::GetCacheInfo(CacheInfo* record) { *record = CacheInfo(); }
 
 int32_t DriverSession::GetLinkClass() { return 2; }
@@ -177,11 +174,5 @@ bool DriverSession::ValidateFileName(NameRequest* request) { return ValidateFont
 bool DriverSession::Reserved2() { return false; }
 
 bool DriverSession::SupportsCacheCommand(PrinterPort*) { return false; }
-
-bool DriverSession::DoAction(ActionContext*, int32_t) { return false; }
-
-uint32_t DriverSession::GetActionFlags(ActionContext*, int32_t) { return 0; }
-
-void DriverSession::GetActionTitle(OString* result, int32_t) { result->Clear(); }
 
 }  // namespace ostvt

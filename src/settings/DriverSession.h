@@ -11,16 +11,19 @@
 
 #include "comm/MonitorLink.h"
 #include "core/OString.h"
+#include "core/OStringArray.h"
 #include "fonts/CustomCharacterSetTable.h"
 #include "fonts/DataFontTable.h"
 #include "fonts/DownloadedFontList.h"
 #include "fonts/FontMappingTable.h"
 #include "fonts/OptionalFontTable.h"
+#include "platform/Channel.h"
 #include "platform/Spooler.h"
 #include "settings/DevMode.h"
 #include "settings/PresetList.h"
 #include "settings/ResourceContext.h"
 #include "settings/SessionRecords.h"
+#include "settings/SessionWindows.h"
 #include "settings/SettingsSections.h"
 #include "settings/StockList.h"
 
@@ -36,6 +39,12 @@ inline constexpr uint32_t kSessionUpdate = 1;  // the printer's stored device mo
 inline constexpr uint32_t kSessionCopy = 2;    // the caller wants the device mode back
 inline constexpr uint32_t kSessionMerge = 8;   // an input device mode is to be merged
 inline constexpr uint32_t kSessionDefaults = 64;  // the printer's default settings are edited
+
+// Bits of RegisterPages.
+inline constexpr uint32_t kPagesFonts = 1;  // fonts and tools
+inline constexpr uint32_t kPagesGraphics = 2;
+inline constexpr uint32_t kPagesSetup = 4;
+inline constexpr uint32_t kPagesCache = 8;
 
 // The sheet host's callback.
 using SheetCallbackFunction = intptr_t (*)(void* sheet, uint32_t function, intptr_t first,
@@ -62,7 +71,7 @@ class DriverSession {
   virtual ~DriverSession();
   // The end of Initialize: everything that the model's store holds for the session.
   virtual void LoadSettings();
-  // Registers the pages of a sheet; how many they are.
+  // Adds the pages that kPages... bits name to the sheet; how many were added.
   virtual int32_t RegisterPages(uint32_t pageFlags);
   virtual void GetCacheInfo(CacheInfo* record);
   virtual int32_t GetLinkClass();
@@ -74,9 +83,12 @@ class DriverSession {
   virtual bool ValidateFileName(NameRequest* request);
   virtual bool Reserved2();
   virtual bool SupportsCacheCommand(PrinterPort* port);
+  // Actions by number, see SessionActions.h. False when nothing was done: the action doesn't exist,
+  // what it needs can't be had, the user cancelled it.
   virtual bool DoAction(ActionContext* context, int32_t action);
-  // Bit 0: the action exists here; 1: it opens a dialog; 2: it is disabled while IsLocked.
+  // kAction... bits.
   virtual uint32_t GetActionFlags(ActionContext* context, int32_t action);
+  // Empty for an action without a title.
   virtual void GetActionTitle(OString* result, int32_t action);
 
   // Once, before anything else. The handle stays the caller's and open; null with a `printerName`
@@ -129,8 +141,22 @@ class DriverSession {
   // See comm/NetworkSettings.h.
   bool ExportNetworkSettings(OStream& stream) const;
   bool ImportNetworkSettings(OFile& stream);
+  // After an apply: what was edited becomes what a cancel goes back to, and the 16-bit partner and
+  // the sheet's host are told.
+  void NotifyApplied();
+  // See SessionWindows. False where the dialog can't be shown.
+  bool RunDialog(void* owner, const OString& templateName);
+  // The page of a sheet, by its template, as the last one. On the 16-bit path it is only kept in
+  // PendingPageNames, for the sheet that is made later.
+  bool AddPage(const OString& templateName);
+  // The maker's About page, where there is one. Every sheet has it last.
+  bool AddAboutPage();
+  // Of the language module; empty without one.
+  OString GetString(int32_t number) const;
   // The About page is not to be the page shown first.
   void KeepAboutClosed();
+  // The maker wants the About page shown first, and nothing speaks against it.
+  bool IsAboutFirst();
   // The session edits the printer's defaults, not those of one document.
   bool IsDefaultsSession() const;
   // The user's level is too low to change settings. Asked once per session.
@@ -143,6 +169,8 @@ class DriverSession {
   OString GetScmBranch() const;
   OString GetScmRevision() const;
 
+  // Set by whoever makes the session, before Initialize; borrowed. Null: there are no windows.
+  const SessionWindows* Windows = nullptr;
   std::unique_ptr<ResourceContext> Resources;  // may be null: all texts are then empty
   PrinterModel* Model = nullptr;               // owned
   DevMode DevModeBuffer;                       // the working device mode
@@ -154,9 +182,12 @@ class DriverSession {
   CustomCharacterSetTable FontEncodings;  // saved by the page that edits it, not by Save
   platform::PrinterHandle PrinterHandle = nullptr;
   bool DefaultsMode = false;  // IsDefaultsSession on the 16-bit path
+  // The 16-bit partner that the session works for; empty and null without one.
+  OString ChannelName;
+  platform::ChannelWindow ChannelWindow = nullptr;
   MonitorLink Link;
   PrinterPort* Port = nullptr;  // the way to the printer, where the family has one; the family's
-  // Set by whoever makes the session, before Initialize. Null: nobody can be asked.
+  // Set by whoever makes the session, before Initialize. Null: the dialog of Windows.
   MonitorFailureFunction ShowMonitorFailure = nullptr;
   uint32_t DevModeCrc = 0;  // of the whole device mode at load
   OString PrinterName;
@@ -167,20 +198,18 @@ class DriverSession {
   void* SheetHandle = nullptr;
   void** PageHandles = nullptr;
   int32_t PageCount = 0;
+  bool IsApplied = false;  // the settings were applied and the sheet's caller doesn't have them yet
   SheetCallbackFunction SheetCallback = nullptr;
   // Called first in the destructor, when what a family adds is gone already: whoever watches the
   // session from outside lets go of it.
   void (*AtEnd)(DriverSession* session) = nullptr;
+  OStringArray PendingPageNames;   // templates, see AddPage
   void* DialogArgument = nullptr;  // for the dialog being opened; the opener's
   PresetList Presets;              // empty until PresetsLoaded; see GetPresets
   bool PresetsLoaded = false;
   StockList Stock;  // empty until StockLoaded; see GetStock
   bool StockLoaded = false;
   bool NoShadowPush = false;  // closing and saving tell the server nothing
-
- protected:
-  // Of the language module; empty without one.
-  OString GetString(int32_t number) const;
 
  private:
   // False: model defaults stand in.

@@ -14,6 +14,7 @@ namespace ostvt {
 
 class OFile;
 class OStream;
+class PaperResolver;
 
 class PresetList : public ObjectList {
  public:
@@ -39,10 +40,11 @@ class PresetList : public ObjectList {
   // All but built-in entries, as text records. How many.
   int32_t ExportText(OStream& stream) const;
   // The records of the whole file that are meant for `model` and aren't its default device mode;
-  // how many were added. One without a block is dropped.
-  int32_t ImportText(OFile& stream, PrinterModel* model);
+  // how many were added. One without a block is dropped. Papers are looked up in `papers`; null: in
+  // the printer's stored stock.
+  int32_t ImportText(OFile& stream, PrinterModel* model, PaperResolver* papers = nullptr);
   // A file of the binary kind, from where the stream stands. How many.
-  int32_t ImportBinary(OFile& stream, PrinterModel* model);
+  int32_t ImportBinary(OFile& stream, PrinterModel* model, PaperResolver* papers = nullptr);
 
   PresetItem* GetFirst() const { return static_cast<PresetItem*>(Head); }
   int32_t GetCount() const;

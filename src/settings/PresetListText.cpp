@@ -95,11 +95,12 @@ int32_t PresetList::ExportText(OStream& stream) const {
   return count;
 }
 
-int32_t PresetList::ImportText(OFile& stream, PrinterModel* model) {
+int32_t PresetList::ImportText(OFile& stream, PrinterModel* model, PaperResolver* papers) {
   using Line = TextRecordReader::Line;
   if (!model) return 0;
   TextRecordReader reader(stream, kPresetRecord, model);
-  StockPapers papers(model);
+  StockPapers stored(model);
+  if (!papers) papers = &stored;
   std::unique_ptr<PresetItem> item;
   int32_t count = 0;
   for (Line line = reader.Next(); line != Line::kEnd; line = reader.Next()) {
@@ -117,17 +118,18 @@ int32_t PresetList::ImportText(OFile& stream, PrinterModel* model) {
     } else if (reader.Key == kDescription) {
       item->SetDescription(reader.Value);
     } else if (reader.Key == kPresetData) {
-      ReadPresetData(reader.Value, model, &papers, item.get());
+      ReadPresetData(reader.Value, model, papers, item.get());
     }
   }
   Sort();
   return count;
 }
 
-int32_t PresetList::ImportBinary(OFile& stream, PrinterModel* model) {
+int32_t PresetList::ImportBinary(OFile& stream, PrinterModel* model, PaperResolver* papers) {
   if (!model) return 0;
   BinaryReader reader(stream);
-  StockPapers papers(model);
+  StockPapers stored(model);
+  if (!papers) papers = &stored;
   int32_t count = 0;
   for (Buffer blob; reader.ReadBlob(&blob);) {
     const bool isWholeFile = count == 0 && reader.GetLeft() == 0;
@@ -137,7 +139,7 @@ int32_t PresetList::ImportBinary(OFile& stream, PrinterModel* model) {
     // Whoever is without a text is the last: what claims more than the file has ends it.
     const bool isLast = !reader.ReadText(&name) || !reader.ReadText(&description);
     auto* item = new PresetItem;
-    item->SetFromBlob(blob.Data, blob.Size, model, &papers);
+    item->SetFromBlob(blob.Data, blob.Size, model, papers);
     item->SetName(name);
     item->SetDescription(description);
     AddTail(item);

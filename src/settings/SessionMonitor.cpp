@@ -5,13 +5,26 @@
 #include "settings/DriverSession.h"
 
 namespace ostvt {
+namespace {
+
+constexpr int32_t kTurnOffControl = 774;
+
+MonitorFailureAnswer ShowDialog(DriverSession* session, bool isClient) {
+  if (!session->Windows) return MonitorFailureAnswer::kNotShown;
+  const char* name = isClient ? "*:^NETWORK_ERROR/UI_CLIENT" : "*:^NETWORK_ERROR/UI_SERVER";
+  const int32_t result = session->Windows->RunDialog(session, nullptr, name);
+  if (result == 0) return MonitorFailureAnswer::kNotShown;
+  return result == kTurnOffControl ? MonitorFailureAnswer::kTurnOff : MonitorFailureAnswer::kAgain;
+}
+
+}  // namespace
 
 void DriverSession::MonitorFailureDialog() {
   if (!Link.IsMonitorMissed()) return;
   const bool isClient = Link.IsNetworkClient();
   do {
     const MonitorFailureAnswer answer =
-        ShowMonitorFailure ? ShowMonitorFailure(this, isClient) : MonitorFailureAnswer::kNotShown;
+        ShowMonitorFailure ? ShowMonitorFailure(this, isClient) : ShowDialog(this, isClient);
     if (answer == MonitorFailureAnswer::kNotShown) return;
     if (answer == MonitorFailureAnswer::kTurnOff) {
       Link.SetNetworkCommunication(false);

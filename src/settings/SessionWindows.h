@@ -27,8 +27,8 @@ class SessionWindows {
   // Adds the page of that template, as the last one, to the host's sheet. False when it wasn't
   // added, as for a template that has no page here.
   virtual bool AddPage(DriverSession* session, const OString& templateName) const = 0;
-  // A sheet of those pages until the user closes it: 1 for OK, 2 when it was cancelled or couldn't
-  // be shown. On 2 the session's device mode is as it was.
+  // A sheet of those pages until the user closes it: 1 for OK, 2 for cancelled, with the session's
+  // device mode as it was; 0 when it can't be shown, as when none of the pages exists here.
   virtual int32_t RunSheet(DriverSession* session, void* owner, const OString& title,
                            std::span<const char* const> templateNames) const = 0;
   // A dialog until the user closes it: the control that ended it, 2 for cancelled, with the

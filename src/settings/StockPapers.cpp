@@ -13,22 +13,23 @@ PaperForm ToPaperForm(const StockItem& item) {
 }
 
 void StockPapers::Load() {
-  List.Load(Model);
+  List = &Own;
+  List->Load(Model);
   Loaded = true;
-  Current = List.GetFirst();
+  Current = List->GetFirst();
   CurrentIndex = 0;
 }
 
 int32_t StockPapers::LoadPapers(PrinterModel* model) {
   Model = model;
   Load();
-  return List.GetCount();
+  return List->GetCount();
 }
 
 PaperEntry StockPapers::GetPaper(int32_t index) {
   if (!Loaded) Load();
   if (!Current || index < CurrentIndex) {
-    Current = List.GetFirst();
+    Current = List->GetFirst();
     CurrentIndex = 0;
   }
   for (; Current && CurrentIndex < index; ++CurrentIndex) Current = Current->GetNext();
@@ -43,10 +44,10 @@ PaperEntry StockPapers::GetPaper(int32_t index) {
 
 bool StockPapers::ResolvePaper(const DevMode& devMode, PaperForm* paper) {
   if (!Loaded) Load();
-  StockItem* item = List.FindForDevMode(devMode);
+  StockItem* item = List->FindForDevMode(devMode);
   if (!item) return false;
   const StockData stored = item->Data();
-  List.ResolveForDevMode(devMode);
+  List->ResolveForDevMode(devMode);
   *paper = ToPaperForm(*item);
   item->Data() = stored;
   return true;

@@ -8,12 +8,15 @@
 
 namespace ostvt {
 
-// Reads the list when it is first needed, and not again. `model` must outlive it.
+// `model` and `list` must outlive it.
 class StockPapers : public PaperSource, public PaperResolver {
  public:
-  explicit StockPapers(PrinterModel* model) : Model(model) {}
+  // Of what is stored, read when it is first needed, and not again; of `list`, as it stands, where
+  // that is given: a session's, which may have changed since.
+  explicit StockPapers(PrinterModel* model, StockList* list = nullptr)
+      : Model(model), List(list ? list : &Own), Loaded(list != nullptr) {}
 
-  // Reads the list anew.
+  // Reads what is stored anew.
   int32_t LoadPapers(PrinterModel* model) override;
   PaperEntry GetPaper(int32_t index) override;
   // The size that the user form gets here is this device mode's alone.
@@ -23,8 +26,9 @@ class StockPapers : public PaperSource, public PaperResolver {
   void Load();
 
   PrinterModel* Model;
-  StockList List;
-  bool Loaded = false;
+  StockList Own;
+  StockList* List;
+  bool Loaded;
   // Where GetPaper stands, since papers are asked for in their order.
   StockItem* Current = nullptr;
   int32_t CurrentIndex = 0;

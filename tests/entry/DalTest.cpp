@@ -232,19 +232,60 @@ TEST_F(Dal, NothingIsWrittenWithoutSave) {
   EXPECT_EQ(StoreDump(), before);
 }
 
-TEST_F(Dal, FilesAreNeitherReadNorWritten) {
-  Open();
-  std::string before = StoreDump();
-  std::string path = Archives.Path("settings.sds");
-  std::u16string wide(path.begin(), path.end());
-  DAL_Settings_Export(Session, wide.c_str(), 0xFFFFFFFF);
-  EXPECT_FALSE(std::filesystem::exists(path));
-  for (const char16_t* name : {static_cast<const char16_t*>(nullptr), u"", wide.c_str()}) {
-    DAL_Settings_Export(Session, name, 0);
+class DalSettings : public Dal {
+ protected:
+  void SetUp() override {
+    Dal::SetUp();
+    Open();
+    Path = Archives.WidePath(u"settings.sds");
+  }
+  int32_t StoredStocks() { return Store().ReadInt("Stock:Total", 0); }
+
+  std::u16string Path;
+};
+
+TEST_F(DalSettings, ExportWritesTheChosenSectionsToTheFileAndNothingToTheStore) {
+  DAL_Stock_Add(Session, u"Shelf");
+  const std::string before = StoreDump();
+  DAL_Settings_Export(Session, Path.c_str(), kSectionStock);
+  const std::string text = Archives.Get("settings.sds");
+  EXPECT_EQ(text.find("<driver version='6.6'>\r\n\r\n<stock>\r\nName=Shelf\r\n"), 0u);
+  EXPECT_EQ(text.find("<preset"), std::string::npos);
+  EXPECT_EQ(StoreDump(), before);
+}
+
+TEST_F(DalSettings, ImportIsInTheStoreWhenItReturns) {
+  Archives.Put("settings.sds",
+               "<stock>\nName=Shelf\n</stock>\n"
+               "<font type='Alias'>\nAliasName=Plain\nPrinterFont=Sans\n</font>\n");
+  DAL_Settings_Import(Session, Path.c_str(), kSectionAliasFonts);
+  EXPECT_EQ(StoredStocks(), 0);
+  DAL_Settings_Import(Session, Path.c_str(), 0xFFFFFFFF);
+  EXPECT_EQ(StoredStocks(), 1);
+  DriverSession other;
+  other.Initialize(nullptr, nullptr, 0, Printer->Name());
+  EXPECT_EQ(other.FontMappings.GetCount(), 1);
+}
+
+TEST_F(DalSettings, ResetIsInTheStoreWhenItReturns) {
+  DAL_Stock_Add(Session, u"Shelf");
+  Object()->DevModeBuffer.SetCopies(9);
+  DAL_Settings_Save(Session);
+  ASSERT_EQ(StoredStocks(), 1);
+  DAL_Settings_Reset(Session, kSectionStock | kSectionDefaultDevMode);
+  EXPECT_EQ(StoredStocks(), 0);
+  EXPECT_EQ(WordAt(DriverDefault(), kAtCopies), 1);
+}
+
+TEST_F(DalSettings, NullPathsAndFilesThatAreNotThereChangeNothing) {
+  DAL_Settings_Save(Session);
+  const std::string before = StoreDump();
+  DAL_Settings_Export(Session, nullptr, 0xFFFFFFFF);
+  DAL_Settings_Export(Session, u"", 0xFFFFFFFF);
+  for (const char16_t* name : {static_cast<const char16_t*>(nullptr), u"", Path.c_str()}) {
     DAL_Settings_Import(Session, name, 0xFFFFFFFF);
     DAL_Printer_SendFile(Session, name);
   }
-  DAL_Settings_Reset(Session, 0xFFFFFFFF);
   EXPECT_EQ(StoreDump(), before);
 }
 

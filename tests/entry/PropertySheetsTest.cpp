@@ -166,6 +166,22 @@ TEST_F(PropertySheets, HandlesOfThePagesAreKept) {
   EXPECT_EQ(host.Destroy(), 1);
 }
 
+TEST_F(PropertySheets, HostWithoutHandlesLeavesNone) {
+  AddPrinter();
+  DocumentPropertyHeader header = DocumentHeader(0, nullptr);
+  SheetHost host(DrvDocumentPropertySheets, &header);
+  host.StatedPages = 3;
+  host.TellsHandles = false;
+  ASSERT_EQ(host.Init(), 1);
+  DriverSession* session = SessionOf(&host.Info);
+  EXPECT_EQ(session->PageCount, 3);
+  EXPECT_EQ(session->PageHandles, nullptr);
+  const size_t calls = host.Calls.size();
+  session->NotifyApplied();
+  EXPECT_EQ(host.Calls.size(), calls);
+  EXPECT_EQ(host.Destroy(), 1);
+}
+
 TEST_F(PropertySheets, NumberOfPagesIsLimited) {
   AddPrinter();
   for (intptr_t stated : {intptr_t{0}, intptr_t{1} << 40}) {
@@ -333,6 +349,10 @@ TEST_F(PropertySheets, InputDevModeCountsOnlyWithTheMergeBit) {
 TEST_F(PropertySheets, OpeningAndDroppingASheetLeavesTheStoreAsItWas) {
   AddPrinter();
   DriverDefault();
+  // What is known of the model's fonts is kept there from the first question on.
+  PrinterId printer(Name());
+  std::unique_ptr<PrinterModel> model(CreatePrinterModel(printer));
+  model->HasFontGroups();
   std::string before = StoreDump();
   DocumentPropertyHeader document = DocumentHeader(3, nullptr);
   SheetHost first(DrvDocumentPropertySheets, &document);

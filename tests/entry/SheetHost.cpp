@@ -61,6 +61,7 @@ intptr_t SheetHost::Answer(uint32_t function, intptr_t first, intptr_t second) {
       Info.Result = static_cast<uintptr_t>(second);
       return static_cast<intptr_t>(Pages.size());
     case kSheetGetPageHandles: {
+      if (!TellsHandles) return 0;
       auto handles = reinterpret_cast<void**>(first);
       intptr_t count = 0;
       intptr_t limit = StatedPages >= 0 ? StatedPages : static_cast<intptr_t>(Pages.size());

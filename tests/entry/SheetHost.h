@@ -43,6 +43,8 @@ class SheetHost {
 
   // What function 8 answers instead of the number of pages; below 0: that number.
   intptr_t StatedPages = -1;
+  // Function 10 gives handles.
+  bool TellsHandles = true;
   PropSheetUiInfo Info = {};
   std::vector<Call> Calls;
   std::vector<Page> Pages;

@@ -57,6 +57,48 @@ TEST_F(SheetResults, OkWithUpdateStoresTheDevModeWithThePrinter) {
   EXPECT_EQ(WordAt(StoredDevMode(), kAtCopies), 78);
 }
 
+TEST_F(SheetResults, HostThatTellsNoResultStillGetsWhatWasApplied) {
+  AddPrinter();
+  GuardedBlock output(1516);
+  DocumentPropertyHeader header = DocumentHeader(3, output.Data());
+  OpenHandle handle(Printer->Name());
+  header.hPrinter = handle;
+  SheetHost host(DrvDocumentPropertySheets, &header);
+  ASSERT_EQ(host.Init(), 1);
+  Edit(host, 77);
+  SessionOf(&host.Info)->NotifyApplied();
+  EXPECT_EQ(host.Destroy(), 1);
+  EXPECT_EQ(output.Word(kAtCopies), 77);
+  EXPECT_EQ(WordAt(StoredDevMode(), kAtCopies), 77);
+}
+
+TEST_F(SheetResults, ResultIsPassedOnOnce) {
+  AddPrinter();
+  GuardedBlock output(1516);
+  DocumentPropertyHeader header = DocumentHeader(2, output.Data());
+  SheetHost host(DrvDocumentPropertySheets, &header);
+  ASSERT_EQ(host.Init(), 1);
+  Edit(host, 77);
+  SessionOf(&host.Info)->NotifyApplied();
+  EXPECT_EQ(host.SetResult(kResultOk), 1);
+  memset(output.Data(), 0xAB, 1516);
+  EXPECT_EQ(host.Destroy(), 1);
+  EXPECT_EQ(output.Copy(), std::vector<uint8_t>(1516, 0xAB));
+}
+
+TEST_F(SheetResults, SheetThatWasNeverAppliedWritesNothingAtItsEnd) {
+  AddPrinter();
+  GuardedBlock output(1516);
+  DocumentPropertyHeader header = DocumentHeader(3, output.Data());
+  const std::vector<uint8_t> before = StoredDevMode();
+  SheetHost host(DrvDocumentPropertySheets, &header);
+  ASSERT_EQ(host.Init(), 1);
+  Edit(host, 77);
+  EXPECT_EQ(host.Destroy(), 1);
+  EXPECT_EQ(output.Copy(), std::vector<uint8_t>(1516, 0xCD));
+  EXPECT_EQ(StoredDevMode(), before);
+}
+
 TEST_F(SheetResults, OkWithoutUpdateLeavesThePrintersDevMode) {
   AddPrinter();
   std::vector<uint8_t> before = StoredDevMode();

@@ -414,7 +414,7 @@ TEST_F(DriverSessionTest, BothEndsClearTheBlock) {
   EXPECT_EQ(0, store.ReadByte(kBlocked, 0));
 }
 
-TEST_F(DriverSessionTest, SilentSessionKeepsTheBlockAtItsEnd) {
+TEST_F(DriverSessionTest, SilentSessionLiftsTheBlockAtItsEnd) {
   PrinterRegistry store = Store();
   {
     DriverSession session;
@@ -422,7 +422,7 @@ TEST_F(DriverSessionTest, SilentSessionKeepsTheBlockAtItsEnd) {
     session.NoShadowPush = true;
     store.WriteByte(kBlocked, 1);
   }
-  EXPECT_EQ(1, store.ReadByte(kBlocked, 0));
+  EXPECT_EQ(0, store.ReadByte(kBlocked, 0));
 }
 
 TEST_F(DriverSessionTest, LockIsAskedOncePerSession) {

@@ -2,6 +2,7 @@
 #include "core/OFile.h"
 #include "settings/DriverSession.h"
 #include "tests/comm/FakeMonitor.h"
+#include "tests/settings/FakeWindows.h"
 #include "tests/settings/SettingsFixture.h"
 
 namespace ostvt::test {
@@ -85,6 +86,36 @@ TEST_F(SessionMonitor, AnsweringMonitorIsAskedOnceAndNobodyElse) {
   EXPECT_EQ(1, Monitor.Loads);
   EXPECT_EQ(0, Person.Asked);
   EXPECT_EQ(1, session.Link.ConfigurationSharing);
+}
+
+TEST_F(SessionMonitor, DialogSaysWhichSideMissesTheMonitor) {
+  Prepare();
+  Share();
+  Monitor.IsMissing = true;
+  FakeWindows windows;
+  windows.Result = 774;
+  DriverSession server;
+  server.NoShadowPush = true;
+  server.Link.Loader = &Monitor;
+  server.Windows = &windows;
+  server.Initialize(nullptr, nullptr, 0, Printer->Name());
+  EXPECT_EQ(std::vector<std::string>{"dialog *:^NETWORK_ERROR/UI_SERVER"}, windows.Calls);
+  EXPECT_FALSE(server.Link.GetNetworkCommunication());
+}
+
+TEST_F(SessionMonitor, WindowsWithoutThatDialogChangeNothing) {
+  Prepare(Remote());
+  TrueStore().WriteByte("LOCAL:Printers/[PRINTER]/Shadow", 1);
+  Monitor.IsMissing = true;
+  FakeWindows windows;
+  windows.Result = 0;
+  DriverSession client;
+  client.NoShadowPush = true;
+  client.Link.Loader = &Monitor;
+  client.Windows = &windows;
+  client.Initialize(nullptr, nullptr, 0, Printer->Name());
+  EXPECT_EQ(std::vector<std::string>{"dialog *:^NETWORK_ERROR/UI_CLIENT"}, windows.Calls);
+  EXPECT_TRUE(client.Link.GetNetworkCommunication());
 }
 
 TEST_F(SessionMonitor, WithCommunicationOffNoDialogComes) {
@@ -226,7 +257,8 @@ TEST_F(SessionMonitor, SessionThatTellsTheServerNothingEndsInSilence) {
     TrueStore().WriteByte(kBlocked, 1);
   }
   EXPECT_EQ(1, Person.Asked);
-  EXPECT_EQ(1, TrueStore().ReadByte(kBlocked, 0));
+  // Else the user's printer would stay out of every exchange.
+  EXPECT_EQ(-1, TrueStore().GetValueSize(kBlocked));
 }
 
 TEST_F(SessionMonitor, BlockIsLiftedBehindTheDialog) {

@@ -21,6 +21,7 @@ namespace ostvt::test {
 
 // Lines of the model's sections, "Key=Value" with LF.
 struct ModelText {
+  std::string Driver = "Ostrel Test";
   std::string Model =
       "Stock.Default.X=4 in\n"
       "Stock.Default.Y=6 in\n"
@@ -35,6 +36,8 @@ struct ModelText {
       "Transform.Inverse=true\n";
   std::string Features;
   std::string Method = "Copies.Limit=999\n";
+  std::string BarCode;
+  std::string Rfid;
 };
 
 inline ModelText ColorModelText() {
@@ -45,15 +48,20 @@ inline ModelText ColorModelText() {
 
 inline void WriteArchives(const TempDirectory& directory, const ModelText& text) {
   ZipBuilder base;
-  base.Add("Driver.d", "[Ostrel Test]\nManufacturer=Manufacturer:Vantrel\nModel=Model:Test\n");
+  base.Add("Driver.d",
+           "[" + text.Driver + "]\nManufacturer=Manufacturer:Vantrel\nModel=Model:Test\n");
   EXPECT_TRUE(base.WriteTo(directory.Path("vt#base.ddz")));
   ZipBuilder family;
   family.Add("Manufacturer.d", "[Vantrel]\nCompanyName=Vantrel\n");
-  family.Add("Model.d",
-             "[Test]\nDrawing=Drawing:D\nFeatures=Features:F\nMethod=Method:M\n" + text.Model);
+  std::string parts = "Drawing=Drawing:D\nFeatures=Features:F\nMethod=Method:M\n";
+  if (!text.BarCode.empty()) parts += "BarCode=BarCode:B\n";
+  if (!text.Rfid.empty()) parts += "RFID=RFID:R\n";
+  family.Add("Model.d", "[Test]\n" + parts + text.Model);
   family.Add("Drawing.d", "[D]\n" + text.Drawing);
   family.Add("Features.d", "[F]\n" + text.Features);
   family.Add("Method.d", "[M]\n" + text.Method);
+  if (!text.BarCode.empty()) family.Add("BarCode.d", "[B]\n" + text.BarCode);
+  if (!text.Rfid.empty()) family.Add("RFID.d", "[R]\n" + text.Rfid);
   EXPECT_TRUE(family.WriteTo(directory.Path("vt#ost.ddz")));
 }
 

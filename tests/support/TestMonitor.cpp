@@ -58,10 +58,20 @@ TestMonitor::TestMonitor(const std::string& build)
       Server("VTNETMON_SERVER", ""),
       ModuleDirectory("OSTVT_MODULE_DIR", Narrow(MonitorDirectory(build))) {}
 
-TestMonitor::~TestMonitor() = default;
+TestMonitor::~TestMonitor() {
+  std::error_code ignored;
+  if (!Copy.empty()) std::filesystem::remove(Copy, ignored);
+}
 
 std::u16string TestMonitor::Path() const {
   return std::filesystem::path(MonitorDirectory(Build)).append("vtnetmon.d64").u16string();
+}
+
+void TestMonitor::StandBesideModule() {
+#ifdef _WIN32
+  Copy = platform::ModuleDirectory() + u"\\vtnetmon.d64";
+  std::filesystem::copy_file(Path(), Copy, std::filesystem::copy_options::overwrite_existing);
+#endif
 }
 
 void TestMonitor::Misbehave(const std::string& word) { Fault.Set(word); }

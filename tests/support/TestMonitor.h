@@ -13,8 +13,7 @@
 namespace ostvt::test {
 
 // The directory of one of the monitor's builds: "real", "test", or "without-EXPORT", a test build
-// that lacks that one export: SendXPMLRequest, HTTPResponse_Size, HTTPResponse_Data,
-// HTTPResponse_Free or Query.
+// that lacks that one export, which may be any of them.
 std::u16string MonitorDirectory(const std::string& build);
 
 class TestMonitor {
@@ -25,6 +24,9 @@ class TestMonitor {
   TestMonitor& operator=(const TestMonitor&) = delete;
 
   std::u16string Path() const;  // of the file itself
+  // Elsewhere than on Linux: a copy lies beside the module, which is this program, as long as this
+  // object lives. For programs in a directory of their own.
+  void StandBesideModule();
 
   // From here on, until another word or "":
   //   zero            result 0, no handle
@@ -37,8 +39,9 @@ class TestMonitor {
   //   garbage         4096 bytes of any value
   //   half-frame      the first half of a sound LZ77 frame
   //   lying-frame     an LZ77 frame that states 4 GiB
-  //   slow            the right answer, 1500 ms later
+  //   slow            the right answer, 1500 ms later; "slow:NUMBER" so many milliseconds later
   //   say:TEXT        TEXT as the answer
+  //   result:NUMBER   the right answer with that result
   //   query:NUMBER    what Query gives
   // "WORD@TEXT" (the last "@" counts) only for requests that hold TEXT.
   void Misbehave(const std::string& word);
@@ -66,6 +69,7 @@ class TestMonitor {
   };
 
   std::string Build;
+  std::u16string Copy;  // beside the module; "" for none
   TempDirectory Files;
   Variable LogFile;
   Variable Fault;

@@ -4,21 +4,7 @@ set -u
 ddzpack=$1
 definitions=$2
 here=$(cd "$(dirname "$0")" && pwd)
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-checks=0
-failures=0
-
-check() { # TEXT COMMAND...
-  local text=$1
-  shift
-  checks=$((checks + 1))
-  if ! "$@" >"$work/output" 2>&1; then
-    failures=$((failures + 1))
-    echo "FAILED: $text"
-    sed 's/^/    /' "$work/output"
-  fi
-}
+. "$here/checks.sh"
 
 # Runs ddzpack; leaves $status, $work/stdout and $work/stderr.
 run() {
@@ -283,5 +269,4 @@ done
 run --check --time "2026-01-01 24:00:00" "$work/t/base"
 check "an hour 24 is no time" exits 2
 
-echo "$checks checks, $failures failed"
-[ "$failures" = 0 ]
+report_checks

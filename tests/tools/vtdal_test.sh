@@ -7,23 +7,9 @@ module=$2
 monitor=$3
 runner=${4:-}
 here=$(cd "$(dirname "$0")" && pwd)
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
+. "$here/checks.sh"
 export LC_ALL=C.UTF-8
 unset OSTVT_MODULE
-checks=0
-failures=0
-
-check() { # TEXT COMMAND...
-  local text=$1
-  shift
-  checks=$((checks + 1))
-  if ! "$@" >"$work/output" 2>&1; then
-    failures=$((failures + 1))
-    echo "FAILED: $text"
-    sed 's/^/    /' "$work/output"
-  fi
-}
 
 # Runs vtdal; leaves $status, $work/stdout and $work/stderr.
 run() {
@@ -60,7 +46,7 @@ refuses() {
 
 run --help
 done_with "--help"
-for command in printers add remove caps devmode dither stretch get set list; do
+for command in printers add remove caps devmode settings dither stretch get set list; do
   check "--help names $command" shows "  $command "
 done
 for command in printers add remove caps devmode dither stretch get set list; do
@@ -655,6 +641,75 @@ run caps "$name" --json
 check "an option that the model's figures depend on counts at once" shows '"result": 32767'
 run options set "$name" "Disable Copies Limit" off
 
+# All settings.
+
+run settings --help
+done_with "settings --help"
+check "settings --help shows its usage" shows "Usage: vtdal settings"
+refuses 2 "too few arguments" settings export "$name"
+refuses 2 "too few arguments" settings reset
+refuses 2 "unexpected argument 'x'" settings reset "$name" x
+refuses 2 "unknown action 'save'" settings save "$name" x
+refuses 2 "unknown section 'paper'" settings export "$name" x --sections stock,paper
+refuses 2 "unknown section ''" settings export "$name" x --sections ""
+refuses 2 "reset prints nothing, so it takes no --json" settings reset "$name" --json
+refuses 1 "no printer named 'Nobody'" settings export Nobody "$work/x"
+refuses 1 "no printer named 'Nobody'" settings reset Nobody
+refuses 1 "can't read '$work/no settings'" settings import "$name" "$work/no settings"
+refuses 1 "can't write '$work/no folder/x'" settings export "$name" "$work/no folder/x"
+printf '\357\273\277%s' "<stock>
+Name=Ж shelf
+</stock>
+<stock model='Nobody'>
+Name=Other
+</stock>
+<font type='Alias'>
+AliasName=Thin
+PrinterFont=Sans
+</font>
+<options model='Ostrel*'>
+[DATA:\Settings\Status]
+\"Query Interval\"=hex:c4,09,00,00
+</options>" >"$work/settings.sds"
+refuses 1 "nothing in '$work/settings.sds' is for '$name'" settings import "$name" "$work/settings.sds" --sections presets
+run settings import "$name" "$work/settings.sds" --sections stock,aliases
+done_with "settings import"
+check "settings import counts what it took in" prints "1 label sizes" "1 aliases"
+run settings import "$name" "$work/settings.sds" --json
+done_with "settings import --json"
+check "settings import --json counts every section" prints "{" '  "stock": 1,' '  "presets": 0,' '  "dataFonts": 0,' \
+  '  "aliasFonts": 1,' '  "substitutions": 0,' '  "downloadedFonts": 0,' '  "optionalFonts": 0,' '  "options": true,' \
+  '  "defaultDevMode": false,' '  "network": false' "}"
+run options get "$name" "Status/Query Interval"
+check "settings import sets options" prints 2500
+run stock list "$name"
+check "settings import adds label sizes" shows "Ж shelf"
+run settings export "$name" "$work/export.sds" --sections stock,aliases
+done_with "settings export"
+check "settings export counts too" shows "label sizes"
+check "settings export writes the chosen sections" test "$(grep -c '^<font\|^<options\|^<preset' "$work/export.sds")" = \
+  "$(grep -c "^<font type='Alias'>" "$work/export.sds")"
+run settings export "$name" "$work/first.sds"
+done_with "settings export of all"
+run settings import "$name" "$work/first.sds" --sections stock,data-fonts,aliases,substitutions,downloaded,optional,options,devmode
+done_with "settings import of all but presets"
+run settings export "$name" "$work/second.sds"
+check "what was exported is imported whole" diff "$work/first.sds" "$work/second.sds"
+head -c 70000000 /dev/zero >"$work/zeros"
+refuses 1 "nothing in '$work/zeros' is for '$name'" settings import "$name" "$work/zeros"
+cp "$module" "$work/"
+printf '<stock>\nName=Factory\n</stock>\n' >"$work/Defaults.sds"
+run settings reset "$name" --sections stock,options --module "$work/${module##*/}"
+done_with "settings reset"
+check "settings reset prints nothing" prints_nothing
+run options get "$name" "Status/Query Interval"
+check "settings reset brings options back" prints 1000
+run stock list "$name"
+check "settings reset takes in what lies beside the module" shows "Factory"
+check "settings reset removes label sizes" test "$(grep -c 'Ж shelf' "$work/stdout")" = 0
+run settings import "$name" "$here/../../data/install/Defaults.sds"
+done_with "settings import of the factory's file"
+
 # Network settings.
 
 run network --help
@@ -712,6 +767,13 @@ refuses 2 "no command 'jump'" command "$name" jump
 refuses 2 "'a\"b' is no variable's name" query "$name" 'a"b'
 refuses 1 "no printer named 'Nobody'" status Nobody
 refuses 1 "can't read '$work/none'" send "$name" "$work/none"
+refuses 1 "can't read '$work'" send "$name" "$work"
+# A file of the system's that states a size of a page and holds less.
+refuses 1 "can't read '/sys/kernel/mm/transparent_hugepage/enabled'" \
+  send "$name" /sys/kernel/mm/transparent_hugepage/enabled
+truncate -s 2147483648 "$work/huge.prn"
+refuses 1 "'$work/huge.prn' is larger than 2 GiB" send "$name" "$work/huge.prn"
+rm "$work/huge.prn"
 rm -f "$work/labels.prn"
 printf '! 0 200 200 10 1\r\nPRINT\r\n' >"$work/label.prn"
 run send "$name" "$work/label.prn"
@@ -769,6 +831,18 @@ done_with "status"
 check "status tells the condition" shows "65537"
 check "status shows the answer" shows "02 00"
 refuses 1 "the printer 'Asked' doesn't answer" query Asked appl.name --module "$work/driver/module"
+# Two at once: each gets the answer to its own question, although the printer serves one at a time.
+for turn in 1 2 3; do
+  "$vtdal" query Asked appl.version --module "$work/driver/module" >"$work/first" 2>&1 &
+  first=$!
+  "$vtdal" status Asked --module "$work/driver/module" >"$work/second" 2>&1 &
+  second=$!
+  wait "$first"
+  wait "$second"
+  check "a query beside a status gets its own answer ($turn)" grep -qx 2.5 "$work/first"
+  check "a status beside a query gets its own answer ($turn)" grep -q "65537" "$work/second"
+  check "it has the status's bytes ($turn)" grep -q "02 00" "$work/second"
+done
 check "no brackets reach the printer" bash -c "! grep -q xpml '$work/received'"
 kill "$printer"
 wait "$printer" 2>/dev/null
@@ -776,6 +850,22 @@ refuses 1 "can't reach the printer 'Asked'" command Asked cut
 refuses 1 "the status of 'Asked' is unknown" status Asked --module "$work/driver/module"
 unset OSTVT_MODULE_DIR
 refuses 1 "can't ask the printer 'Asked': there is no port monitor" query Asked appl.version --module /nowhere/module
+# A printer of another machine, whose monitor nobody can reach: one line, and the job goes on.
+missed="the port monitor of the print server doesn't answer for 'Asked'; going on with this machine's settings"
+run set "PRINT:Printers/Asked/Port" '\\server\labels' --type string
+check "the printer becomes another machine's" exits 0
+run list "NETWORK:" --printer Asked
+before=$(cat "$work/stdout")
+run command Asked cut --module /nowhere/module
+check "the missed monitor is told" says "$missed"
+check "it is told once" test "$(grep -c "port monitor" "$work/stderr")" = 1
+run list "NETWORK:" --printer Asked
+check "no network setting has changed" test "$before" = "$(cat "$work/stdout")"
+run network get Asked communication
+check "communication is still on" prints on
+run network set Asked communication off --module /nowhere/module
+run command Asked cut --module /nowhere/module
+check "who turned communication off is told nothing" bash -c "! grep -q 'port monitor' '$work/stderr'"
 run remove Asked
 done_with "remove of a socket's printer"
 
@@ -783,6 +873,7 @@ done_with "remove of a socket's printer"
 
 refuses 1 "can't load the driver's module '$work/stdout'" caps "$name" --module "$work/stdout"
 unset OSTVT_MODULE
+
 run caps "$name" --json
 done_with "caps with the installed module"
 check "the printer's own module is asked" shows "\"module\": \"$(realpath "$module")\""

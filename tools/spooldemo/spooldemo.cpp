@@ -219,6 +219,26 @@ int Show(const std::wstring& printer) {
   return result;
 }
 
+int Preferences(const std::wstring& printer) {
+  wchar_t* name = const_cast<wchar_t*>(printer.c_str());
+  HANDLE handle = nullptr;
+  if (!OpenPrinterW(name, &handle, nullptr)) {
+    return Fail(("no printer named \"" + ToUtf8(printer) + "\"").c_str(), GetLastError());
+  }
+  LONG size = DocumentPropertiesW(nullptr, handle, name, nullptr, nullptr, 0);
+  std::vector<BYTE> block(size > 0 ? static_cast<size_t>(size) : sizeof(DEVMODEW));
+  DEVMODEW* mode = reinterpret_cast<DEVMODEW*>(block.data());
+  LONG result =
+      DocumentPropertiesW(nullptr, handle, name, mode, nullptr, DM_IN_PROMPT | DM_OUT_BUFFER);
+  ClosePrinter(handle);
+  if (result < 0) return Fail("the preferences could not be shown", GetLastError());
+  if (result == IDOK) {
+    std::printf("  Chosen: %s, %s\n", ToUtf8(mode->dmFormName).c_str(),
+                mode->dmOrientation == DMORIENT_LANDSCAPE ? "landscape" : "portrait");
+  }
+  return 0;
+}
+
 int Install(const std::wstring& directory, const std::wstring& driver,
             const std::wstring& printer) {
   wchar_t full[MAX_PATH] = {};
@@ -242,6 +262,7 @@ int wmain(int count, wchar_t** arguments) {
   std::wstring command = count > 1 ? arguments[1] : L"";
   if (command == L"install" && count == 5) return Install(arguments[2], arguments[3], arguments[4]);
   if (command == L"show" && count == 3) return Show(arguments[2]);
+  if (command == L"preferences" && count == 3) return Preferences(arguments[2]);
   if (command == L"remove" && count == 3) {
     unsigned long error = spooldemo::RemovePrinter(arguments[2]);
     return error ? Fail("the printer could not be removed", error) : 0;
@@ -249,6 +270,7 @@ int wmain(int count, wchar_t** arguments) {
   std::fprintf(stderr,
                "Usage: spooldemo install DIRECTORY DRIVER PRINTER\n"
                "       spooldemo show PRINTER\n"
+               "       spooldemo preferences PRINTER\n"
                "       spooldemo remove PRINTER\n");
   return 2;
 }

@@ -13,6 +13,7 @@ std::vector<Command> DevModeCommands();     // devmode
 std::vector<Command> StockCommands();       // stock
 std::vector<Command> PresetsCommands();     // presets
 std::vector<Command> OptionsCommands();     // options
+std::vector<Command> SettingsCommands();    // settings
 std::vector<Command> EncodingsCommands();   // encodings
 std::vector<Command> FontsCommands();       // fonts
 std::vector<Command> NetworkCommands();     // network

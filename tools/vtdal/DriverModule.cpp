@@ -25,8 +25,11 @@ std::u16string NamedModule(const Arguments& arguments) {
   return path.empty() ? EnvironmentValue("OSTVT_MODULE") : path;
 }
 
+// Beside this program, else where an installation keeps it.
 std::u16string OwnModule() {
-  return DirectoryOf(platform::ProcessPath()) + kSeparator + kModuleName;
+  const std::u16string directory = DirectoryOf(platform::ProcessPath()) + kSeparator;
+  const std::u16string beside = directory + kModuleName;
+  return FileExists(beside) ? beside : AbsolutePath(directory + kInstalledPlace + kModuleName);
 }
 
 std::u16string InstalledModule(const std::u16string& printer) {
@@ -76,21 +79,43 @@ bool DriverModule::TryLoad(const std::u16string& path, std::string* error) {
       platform::FindSymbol(library, "DrvDeviceCapabilities"));
   DocumentSheets = reinterpret_cast<decltype(DocumentSheets)>(
       platform::FindSymbol(library, "DrvDocumentPropertySheets"));
-  // Other makers' drivers have those two as well.
-  bool isOurs = platform::FindSymbol(library, "DAL_Printer_Open") != nullptr;
+  OpenSession =
+      reinterpret_cast<decltype(OpenSession)>(platform::FindSymbol(library, "DAL_Printer_Open"));
+  CloseSession =
+      reinterpret_cast<decltype(CloseSession)>(platform::FindSymbol(library, "DAL_Printer_Close"));
+  Reset = reinterpret_cast<decltype(Reset)>(platform::FindSymbol(library, "DAL_Settings_Reset"));
+  // Other makers' drivers have the first two as well.
+  const bool isOurs = OpenSession && CloseSession && Reset;
   if (!Capabilities || !DocumentSheets || !isOurs) {
     platform::CloseLibrary(library);
     *error = "'" + Printable(path) + "' is not this driver's module";
     return false;
   }
+  PrinterEvent =
+      reinterpret_cast<decltype(PrinterEvent)>(platform::FindSymbol(library, "DrvPrinterEvent"));
   Library = library;
   ModulePath = path;
   return true;
 }
 
+void DriverModule::PrinterCreated(const std::u16string& printer) {
+  constexpr int32_t kInitialize = 3;
+  if (PrinterEvent) PrinterEvent(printer.c_str(), kInitialize, 0, 0);
+}
+
 int32_t DriverModule::Capability(const std::u16string& printer, int index, void* output) {
   return static_cast<int32_t>(
       Capabilities(nullptr, printer.c_str(), static_cast<uint16_t>(index), output, nullptr));
+}
+
+bool DriverModule::ResetSettings(const std::u16string& printer, uint32_t sections) {
+  platform::PrinterHandle handle =
+      platform::OpenPrinter(printer.c_str(), platform::kPrinterAccessUse);
+  void* session = handle ? OpenSession(handle) : nullptr;
+  if (session) Reset(session, sections);
+  if (session) CloseSession(session);
+  platform::ClosePrinter(handle);
+  return session != nullptr;
 }
 
 std::vector<uint8_t> DriverModule::DevMode(const std::u16string& printer) {

@@ -11,7 +11,8 @@
 namespace vtdal {
 
 // One loaded module. Looked for in this order: the option --module, the environment's OSTVT_MODULE,
-// the file that the printer's driver record names, and the one beside this program.
+// the file that the printer's driver record names, and this program's own: the one beside it, else
+// the installed one.
 class DriverModule {
  public:
   DriverModule() = default;
@@ -23,10 +24,15 @@ class DriverModule {
   bool Load(const Arguments& arguments, const std::u16string& printer, std::string* error);
   const std::u16string& Path() const { return ModulePath; }
 
+  // Tells the driver of a new printer, for which it then lays down what belongs to it.
+  void PrinterCreated(const std::u16string& printer);
   // The answer, -1 for a question that the driver doesn't know.
   int32_t Capability(const std::u16string& printer, int index, void* output);
   // The printer's default device mode; empty when the driver has none.
   std::vector<uint8_t> DevMode(const std::u16string& printer);
+  // Brings a printer's settings back to the factory's; `sections` as kSectionStock and others.
+  // False if the printer can't be opened.
+  bool ResetSettings(const std::u16string& printer, uint32_t sections);
 
  private:
   bool TryLoad(const std::u16string& path, std::string* error);
@@ -35,6 +41,10 @@ class DriverModule {
   std::u16string ModulePath;
   decltype(&DrvDeviceCapabilities) Capabilities = nullptr;
   decltype(&DrvDocumentPropertySheets) DocumentSheets = nullptr;
+  decltype(&DrvPrinterEvent) PrinterEvent = nullptr;  // may stay null
+  decltype(&DAL_Printer_Open) OpenSession = nullptr;
+  decltype(&DAL_Printer_Close) CloseSession = nullptr;
+  decltype(&DAL_Settings_Reset) Reset = nullptr;
 };
 
 // Where a module would be taken from if no printer had a say.

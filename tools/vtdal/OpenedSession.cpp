@@ -3,13 +3,14 @@
 #include "comm/PrinterPort.h"
 #include "model/Caches.h"
 #include "tools/vtdal/DriverModule.h"
+#include "tools/vtdal/System.h"
 #include "tools/vtdal/Text.h"
 
 namespace vtdal {
 namespace {
 
-constexpr const char* kJobName = "vtdal query";
-constexpr const char* kQueryName = "vtdal";
+// The monitor keeps answers by name, so that those of two tools at once need names of their own.
+ostvt::OString OwnName() { return ("vtdal " + std::to_string(ProcessNumber())).c_str(); }
 
 }  // namespace
 
@@ -19,8 +20,6 @@ OpenedSession::OpenedSession(const Arguments& arguments, const std::u16string& p
 }
 
 OpenedSession::~OpenedSession() {
-  // What a session that pushes would do itself.
-  if (Session && Session->Model) Session->Link.SetShadowBlocked(false);
   Session.reset();
   ostvt::CloseCaches();
 }
@@ -51,16 +50,16 @@ bool OpenedSession::Ask(const ostvt::U1Command& command, int32_t size, ostvt::Bu
     return false;
   }
   ostvt::PrinterPort* port = Session->Port;
-  const int32_t job = port->BeginQueryDocument(kJobName);
-  port->BeginQuery(kQueryName, size);
+  const ostvt::OString name = OwnName();
+  const int32_t job = port->BeginQueryDocument(name);
+  port->BeginQuery(name, size);
   *port << command;
   port->EndQueryDocument();
   if (job == 0) {
     PrintError("can't reach the printer " + shown);
     return false;
   }
-  if (port->RunQuery(kJobName, job, nullptr) && port->GetQueryResponse(kQueryName, answer))
-    return true;
+  if (port->RunQuery(name, job, nullptr) && port->GetQueryResponse(name, answer)) return true;
   PrintError("the printer " + shown + " doesn't answer");
   return false;
 }

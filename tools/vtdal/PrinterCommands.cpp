@@ -96,6 +96,12 @@ std::string ModelProblem(const Arguments& arguments, const platform::NewPrinter&
   return "no model named '" + Printable(printer.DriverName) + "'";
 }
 
+void TellDriver(const Arguments& arguments, const std::u16string& printer) {
+  std::string ignored;
+  DriverModule module;
+  if (module.Load(arguments, printer, &ignored)) module.PrinterCreated(printer);
+}
+
 int RunAdd(const Arguments& arguments) {
   platform::NewPrinter printer;
   printer.Name = arguments.Words()[0];
@@ -117,7 +123,10 @@ int RunAdd(const Arguments& arguments) {
     }
     if (isNewDriver && !problem.empty()) ForgetDriver(printer.DriverName);
   }
-  if (problem.empty()) return kDone;
+  if (problem.empty()) {
+    if (!kSpoolerTellsDrivers) TellDriver(arguments, printer.Name);
+    return kDone;
+  }
   PrintError(problem);
   return kFailed;
 }

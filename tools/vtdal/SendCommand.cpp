@@ -15,6 +15,7 @@ constexpr const char* kHelp =
     "\n"
     "  --module FILE  the driver's module, beside which the port monitor lies\n";
 
+constexpr uint32_t kLargestFile = 0x7FFFFFFF;
 constexpr uint32_t kShortFile = 1 << 20;  // bytes: too quick to be told of
 constexpr uint32_t kStep = 10;            // per cent
 
@@ -27,13 +28,29 @@ void TellProgress(void* context, uint32_t sent, uint32_t total) {
   PrintError(std::to_string(*told) + " % sent");
 }
 
+// "" or why the file can't be sent, whatever the printer says.
+std::string FileProblem(const std::u16string& path) {
+  const std::string name = "'" + Printable(path) + "'";
+  ostvt::OFile file(path.c_str(), ostvt::kFileShareAll);
+  const uint32_t size = file.IsOpen() ? file.GetSize() : 0;
+  if (size > kLargestFile) return name + " is larger than 2 GiB";
+  bool isReadable = file.IsOpen();
+  if (isReadable && size > 0) {
+    // Some files state a size that they haven't got.
+    uint8_t last = 0;
+    file.Seek(size - 1, ostvt::platform::FileOrigin::kBegin);
+    isReadable = file.Read(&last, 1) == 1;
+  }
+  return isReadable ? "" : "can't read " + name;
+}
+
 int Run(const Arguments& arguments) {
   const std::u16string& printer = arguments.Words()[0];
   const std::u16string& path = arguments.Words()[1];
   OpenedSession session(arguments, printer);
   if (!session.Open()) return kFailed;
-  if (!ostvt::OFile::FileExists(path.c_str())) {
-    PrintError("can't read '" + Printable(path) + "'");
+  if (const std::string problem = FileProblem(path); !problem.empty()) {
+    PrintError(problem);
     return kFailed;
   }
   uint32_t told = 0;

@@ -1,6 +1,7 @@
 // What the tool needs of the system beyond the driver's own platform code.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "platform/Spooler.h"
@@ -9,10 +10,15 @@ namespace vtdal {
 
 extern const char16_t kSeparator;     // between directories
 extern const char16_t kModuleName[];  // the module's file
+// Where an installation keeps the module, from this program's directory on; "" where it lies there.
+extern const char16_t kInstalledPlace[];
+extern const bool kSpoolerTellsDrivers;  // of new printers; where it doesn't, the tool must
 
 // "" where it isn't set.
 std::u16string EnvironmentValue(const char* name);
 bool FileExists(const std::u16string& path);
+// Of this process, while it lives.
+uint32_t ProcessNumber();
 // The path from the root on, since the loader and the spooler have other ideas of where "here" is.
 std::u16string AbsolutePath(const std::u16string& path);
 

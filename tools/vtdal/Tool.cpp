@@ -23,6 +23,7 @@ constexpr const char* kHelp =
     "  stock ... NAME     list, show, add and remove a printer's label sizes\n"
     "  presets list NAME  list a printer's presets\n"
     "  options ... NAME   list, get and set a printer's driver options\n"
+    "  settings ... NAME  export, import and reset all of a printer's settings\n"
     "  network ... NAME   get and set how the port monitor talks to other machines\n"
     "  send NAME FILE     send a file to a printer as it is\n"
     "  command NAME ...   make a printer restart, cut or print about itself\n"
@@ -91,9 +92,9 @@ int RunTool(const std::vector<std::u16string>& words) {
   }
   for (const auto& group :
        {PrinterCommands(), CapabilityCommands(), DevModeCommands(), StockCommands(),
-        PresetsCommands(), OptionsCommands(), EncodingsCommands(), FontsCommands(),
-        NetworkCommands(), SendCommands(), DeviceCommands(), QueryCommands(), StatusCommands(),
-        DitherCommands(), StretchCommands(), StoreCommands()}) {
+        PresetsCommands(), OptionsCommands(), SettingsCommands(), EncodingsCommands(),
+        FontsCommands(), NetworkCommands(), SendCommands(), DeviceCommands(), QueryCommands(),
+        StatusCommands(), DitherCommands(), StretchCommands(), StoreCommands()}) {
     for (const Command& command : group) {
       if (name == command.Name)
         return Finish(RunCommand(command, {words.begin() + 1, words.end()}));

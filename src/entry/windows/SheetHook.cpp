@@ -3,6 +3,7 @@
 #include "entry/PrinterAction.h"
 #include "platform/windows/Win32.h"
 #include "settings/DriverSession.h"
+#include "settings/SessionActions.h"
 
 namespace ostvt {
 namespace {
@@ -12,8 +13,6 @@ constexpr int kTitleControl = 3001;
 constexpr int kTestPageButton = 3007;
 constexpr int kOtherPageFirst = 3227;
 constexpr int kOtherPageSecond = 3228;
-
-constexpr int32_t kActionTestPage = 1;
 
 // Messages of the host's sheet and of its row of tabs.
 constexpr UINT kSelectTab = WM_USER + 101;
@@ -103,7 +102,7 @@ void TakePage(SheetHook* hook, HWND page) {
   hook->Page = page;
   hook->OldProcedure = SetProcedure(page, PageProcedure);
   // Only pages of ours can be wanted in front; they are the last.
-  if (hook->Session->AboutMayOpenFirst && hook->Session->PageCount > 0) {
+  if (hook->Session->PageCount > 0 && hook->Session->IsAboutFirst()) {
     SelectLastTab(GetParent(page));
   }
 }

@@ -181,12 +181,15 @@ int EncodeByCharacter(Converter& converter, const char16_t* source, char* target
   return 0;
 }
 
+// ICU's tables put bytes that a page leaves open there, so that they can be turned back.
+bool IsPrivateUse(char16_t unit) { return unit >= 0xE000 && unit <= 0xF8FF; }
+
 template <typename Converter>
 void DecodeHighBytes(Converter& converter, char16_t (&units)[kHighBytes]) {
   for (int i = 0; i < kHighBytes; ++i) {
     const char byte = static_cast<char>(kFirstHighByte + static_cast<uint32_t>(i));
     char16_t wide[2];
-    if (converter.ToWide(&byte, 1, wide) == 1) units[i] = wide[0];
+    if (converter.ToWide(&byte, 1, wide) == 1 && !IsPrivateUse(wide[0])) units[i] = wide[0];
   }
 }
 

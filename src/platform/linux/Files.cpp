@@ -45,6 +45,32 @@ std::string TempDirectory() {
   return directory;
 }
 
+// Behind all links; the name as it is where there is no file.
+std::string RealPath(const std::string& name) {
+  char* resolved = realpath(name.c_str(), nullptr);
+  const std::string result = resolved == nullptr ? name : resolved;
+  free(resolved);
+  return result;
+}
+
+// A new empty file, `stem` with a free number and ".tmp". "" on failure.
+std::string MakeNumberedFile(const std::string& stem, mode_t mode) {
+  // A process starts where no other is likely to be, and goes through all numbers but 0.
+  const uint32_t base = TickCount() + static_cast<uint32_t>(getpid());
+  for (uint32_t i = 0; i < kTempNumbers; ++i) {
+    char number[16];
+    snprintf(number, sizeof(number), "%x.tmp", (base + i) % kTempNumbers + 1);
+    const std::string name = stem + number;
+    const int descriptor = open(name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+    if (descriptor >= 0) {
+      close(descriptor);
+      return name;
+    }
+    if (errno != EEXIST) break;
+  }
+  return {};
+}
+
 }  // namespace
 
 FileHandle OpenFile(const char16_t* path, bool write, uint32_t share, bool create) {
@@ -144,20 +170,40 @@ std::u16string MakeTempName(const char16_t* prefix, uint32_t unique) {
     snprintf(number, sizeof(number), "%x.tmp", first);
     return FromUtf8(stem + number);
   }
-  // A process starts where no other is likely to be, and goes through all numbers but 0.
-  const uint32_t base = TickCount() + static_cast<uint32_t>(getpid());
-  for (uint32_t i = 0; i < kTempNumbers; ++i) {
-    char number[16];
-    snprintf(number, sizeof(number), "%x.tmp", (base + i) % kTempNumbers + 1);
-    const std::string name = stem + number;
-    const int descriptor = open(name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
-    if (descriptor >= 0) {
-      close(descriptor);
-      return FromUtf8(name);
-    }
-    if (errno != EEXIST) break;
+  return FromUtf8(MakeNumberedFile(stem, 0600));
+}
+
+std::u16string MakeReplacement(const char16_t* path) {
+  const std::string name = RealPath(SystemPath(path));
+  if (name.empty()) return {};
+  struct stat status;
+  const bool exists = stat(name.c_str(), &status) == 0;
+  if (exists) {
+    if (!S_ISREG(status.st_mode)) return {};
+    const FileHandle old = OpenFile(path, true, kShareRead | kShareWrite, false);
+    if (old == nullptr) return {};
+    CloseFile(old);
   }
-  return {};
+  const size_t slash = name.rfind('/');
+  const std::string directory = slash == std::string::npos ? "" : name.substr(0, slash + 1);
+  const std::string made = MakeNumberedFile(directory + ".ost", 0666);
+  if (!made.empty() && exists) {
+    // Whoever may not give a file away keeps it.
+    const bool isGiven = chown(made.c_str(), status.st_uid, status.st_gid) == 0;
+    chmod(made.c_str(), status.st_mode & (isGiven ? 07777 : 0777));
+  }
+  return FromUtf8(made);
+}
+
+bool PutInPlace(const char16_t* replacement, const char16_t* path) {
+  const std::string from = SystemPath(replacement);
+  const std::string to = RealPath(SystemPath(path));
+  const int descriptor = open(from.c_str(), O_WRONLY | O_CLOEXEC);
+  if (descriptor < 0) return false;
+  // Else the new name could come to the disk before the bytes do.
+  const bool isWritten = fsync(descriptor) == 0;
+  close(descriptor);
+  return isWritten && rename(from.c_str(), to.c_str()) == 0;
 }
 
 }  // namespace ostvt::platform

@@ -11,6 +11,8 @@ namespace {
 
 constexpr size_t kPathUnits = 260;
 
+const SystemPlaces* systemPlaces = nullptr;
+
 // Lies in this module, so that the loader can tell which file that is.
 void InThisModule() {}
 
@@ -21,10 +23,26 @@ std::string RealPath(const char* path) {
   return result;
 }
 
+// "" when the loader doesn't know it.
+std::string ModuleFile() {
+  Dl_info info;
+  if (!dladdr(reinterpret_cast<void*>(&InThisModule), &info) || !info.dli_fname) return {};
+  return RealPath(info.dli_fname);
+}
+
 }  // namespace
+
+void SetSystemPlaces(const SystemPlaces* places) { systemPlaces = places; }
+
+std::u16string SystemDirectory() { return systemPlaces ? systemPlaces->System : std::u16string(); }
+std::u16string WindowsDirectory() {
+  return systemPlaces ? systemPlaces->Windows : std::u16string();
+}
 
 void* ModuleHandle() { return nullptr; }
 void SetModuleHandle(void*) {}
+
+std::u16string ModulePath() { return FromUtf8(ModuleFile()); }
 
 std::u16string ModuleDirectory() {
   std::string directory;
@@ -33,17 +51,13 @@ std::u16string ModuleDirectory() {
     directory = configured;
     while (directory.size() > 1 && directory.back() == '/') directory.pop_back();
   } else {
-    Dl_info info;
-    if (!dladdr(reinterpret_cast<void*>(&InThisModule), &info) || !info.dli_fname) return {};
-    directory = RealPath(info.dli_fname);
+    directory = ModuleFile();
     directory.resize(directory.find_last_of('/') == std::string::npos ? 0 : directory.rfind('/'));
   }
   std::u16string wide = FromUtf8(directory);
   if (wide.size() > kPathUnits) wide.resize(kPathUnits);
   return wide;
 }
-
-std::u16string SystemDirectory() { return {}; }
 
 std::u16string ProcessPath() { return FromUtf8(RealPath("/proc/self/exe")); }
 

@@ -13,6 +13,8 @@
 namespace ostvt::platform {
 namespace {
 
+StartFunction startFunction = nullptr;
+
 // Arguments are parted by blanks outside double quotes. "\" is a plain character, as in the paths
 // that these lines hold, but for `\"`, which is a quote.
 std::vector<std::string> SplitCommandLine(const std::string& line) {
@@ -51,22 +53,31 @@ int WaitFor(pid_t child) {
 
 }  // namespace
 
+StartFunction SetStartFunction(StartFunction function) {
+  StartFunction before = startFunction;
+  startFunction = function;
+  return before;
+}
+
 // The program is a child of a child that ends at once, so that init reaps it and not we. A pipe
 // that closes when the program starts tells whether it did.
-bool StartProgram(const char16_t* commandLine, int) {
-  if (!commandLine) return false;
+bool StartProgram(const char16_t* commandLine, int showState, const char16_t* directory) {
+  if (!commandLine || !*commandLine) return false;
+  if (startFunction) return startFunction(commandLine, showState, directory);
   std::vector<std::string> arguments = SplitCommandLine(ToUtf8(commandLine));
   if (arguments.empty() || arguments[0].empty()) return false;
   std::vector<char*> pointers;
   for (std::string& argument : arguments) pointers.push_back(argument.data());
   pointers.push_back(nullptr);
+  const std::string place = directory ? ToUtf8(directory) : std::string();
 
   int failed[2];
   if (pipe2(failed, O_CLOEXEC) != 0) return false;
   pid_t child = fork();
   if (child == 0) {
     pid_t program = fork();
-    if (program == 0) execvp(pointers[0], pointers.data());
+    if (program == 0 && (place.empty() || chdir(place.c_str()) == 0))
+      execvp(pointers[0], pointers.data());
     // Only what failed comes here, and the intermediate process.
     if (program <= 0) {
       char mark = 1;

@@ -84,6 +84,34 @@ bool SetAttributes(const char16_t* path, uint32_t attributes) {
   return !IsNothing(path) && SetFileAttributesW(AsWide(path), attributes);
 }
 
+std::u16string MakeReplacement(const char16_t* path) {
+  if (IsNothing(path)) return {};
+  const std::u16string name = path;
+  if (GetFileAttributesW(AsWide(path)) != INVALID_FILE_ATTRIBUTES) {
+    const FileHandle old = OpenFile(path, true, kShareRead | kShareWrite, false);
+    const bool isFile = old != nullptr && GetFileType(AsHandle(old)) == FILE_TYPE_DISK;
+    CloseFile(old);
+    if (!isFile) return {};
+  }
+  const size_t end = name.find_last_of(u"\\/:");
+  const std::u16string directory = end == std::u16string::npos ? u"." : name.substr(0, end + 1);
+  wchar_t made[MAX_PATH];
+  if (GetTempFileNameW(AsWide(directory.c_str()), L"ost", 0, made) == 0) return {};
+  return AsUnits(made);
+}
+
+bool PutInPlace(const char16_t* replacement, const char16_t* path) {
+  if (IsNothing(replacement) || IsNothing(path)) return false;
+  const HANDLE file = CreateFileW(AsWide(replacement), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
+                                  FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return false;
+  // Else the new name could come to the disk before the bytes do.
+  const bool isWritten = FlushFileBuffers(file);
+  CloseHandle(file);
+  return isWritten && MoveFileExW(AsWide(replacement), AsWide(path),
+                                  MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
+}
+
 std::u16string MakeTempName(const char16_t* prefix, uint32_t unique) {
   wchar_t directory[MAX_PATH], name[MAX_PATH];
   const DWORD length = GetTempPathW(MAX_PATH, directory);

@@ -10,6 +10,30 @@ constexpr DWORD kPathUnits = 260;
 constexpr DWORD kLongestPath = 32768;
 
 HMODULE moduleHandle = nullptr;
+const SystemPlaces* systemPlaces = nullptr;
+
+using DirectoryFunction = UINT(WINAPI*)(LPWSTR, UINT);
+
+// Empty when it doesn't fit.
+std::u16string Ask(DirectoryFunction function) {
+  char16_t path[kPathUnits];
+  const UINT length = function(AsWide(path), kPathUnits);
+  return std::u16string(path, length < kPathUnits ? length : 0);
+}
+
+// The whole path of a module's file, however long; null is the program.
+std::u16string PathOf(HMODULE module) {
+  std::u16string path(kPathUnits, u'\0');
+  for (;;) {
+    DWORD room = static_cast<DWORD>(path.size());
+    DWORD length = GetModuleFileNameW(module, AsWide(path.data()), room);
+    if (length < room || room >= kLongestPath) {
+      path.resize(length < room ? length : 0);
+      return path;
+    }
+    path.resize(path.size() * 2);
+  }
+}
 
 }  // namespace
 
@@ -25,23 +49,17 @@ std::u16string ModuleDirectory() {
   return directory;
 }
 
+void SetSystemPlaces(const SystemPlaces* places) { systemPlaces = places; }
+
 std::u16string SystemDirectory() {
-  char16_t path[kPathUnits];
-  const UINT length = GetSystemDirectoryW(AsWide(path), kPathUnits);
-  return std::u16string(path, length < kPathUnits ? length : 0);
+  return systemPlaces ? systemPlaces->System : Ask(GetSystemDirectoryW);
+}
+std::u16string WindowsDirectory() {
+  return systemPlaces ? systemPlaces->Windows : Ask(GetSystemWindowsDirectoryW);
 }
 
-std::u16string ProcessPath() {
-  std::u16string path(kPathUnits, u'\0');
-  for (;;) {
-    DWORD room = static_cast<DWORD>(path.size());
-    DWORD length = GetModuleFileNameW(nullptr, AsWide(path.data()), room);
-    if (length < room || room >= kLongestPath) {
-      path.resize(length < room ? length : 0);
-      return path;
-    }
-    path.resize(path.size() * 2);
-  }
-}
+std::u16string ModulePath() { return PathOf(moduleHandle); }
+
+std::u16string ProcessPath() { return PathOf(nullptr); }
 
 }  // namespace ostvt::platform

@@ -5,17 +5,27 @@
 #include "platform/windows/Win32.h"
 
 namespace ostvt::platform {
+namespace {
+StartFunction startFunction = nullptr;
+}  // namespace
 
-bool StartProgram(const char16_t* commandLine, int showState) {
+StartFunction SetStartFunction(StartFunction function) {
+  StartFunction before = startFunction;
+  startFunction = function;
+  return before;
+}
+
+bool StartProgram(const char16_t* commandLine, int showState, const char16_t* directory) {
   if (!commandLine || !*commandLine) return false;
+  if (startFunction) return startFunction(commandLine, showState, directory);
   std::u16string line = commandLine;  // the system writes into it
   STARTUPINFOW startup = {};
   startup.cb = sizeof startup;
   startup.dwFlags = STARTF_USESHOWWINDOW;
   startup.wShowWindow = static_cast<WORD>(showState);
   PROCESS_INFORMATION process = {};
-  if (!CreateProcessW(nullptr, AsWide(line.data()), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                      &startup, &process))
+  if (!CreateProcessW(nullptr, AsWide(line.data()), nullptr, nullptr, FALSE, 0, nullptr,
+                      AsWide(directory), &startup, &process))
     return false;
   CloseHandle(process.hThread);
   CloseHandle(process.hProcess);

@@ -12,6 +12,9 @@
 #undef DeleteFile
 #undef GetFileName
 #undef GetFreeSpace
+#undef GetMessage
+#undef LoadBitmap
+#undef LoadMenu
 #undef LoadString
 #undef SetPort
 #undef StartDoc

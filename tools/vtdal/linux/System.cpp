@@ -22,6 +22,8 @@ ostvt::OString DriverKey(const std::u16string& name) {
 
 const char16_t kSeparator = u'/';
 const char16_t kModuleName[] = u"libostvt.so";
+const char16_t kInstalledPlace[] = u"../lib/ostvt/3/";
+const bool kSpoolerTellsDrivers = false;
 
 std::u16string EnvironmentValue(const char* name) {
   const char* value = getenv(name);
@@ -29,6 +31,8 @@ std::u16string EnvironmentValue(const char* name) {
 }
 
 bool FileExists(const std::u16string& path) { return access(ToUtf8(path).c_str(), R_OK) == 0; }
+
+uint32_t ProcessNumber() { return static_cast<uint32_t>(getpid()); }
 
 std::u16string AbsolutePath(const std::u16string& path) {
   char* resolved = realpath(ToUtf8(path).c_str(), nullptr);

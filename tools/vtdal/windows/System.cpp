@@ -12,6 +12,8 @@ using ostvt::platform::AsWide;
 
 const char16_t kSeparator = u'\\';
 const char16_t kModuleName[] = u"ostvt.dll";
+const char16_t kInstalledPlace[] = u"";
+const bool kSpoolerTellsDrivers = true;
 
 std::u16string EnvironmentValue(const char* name) {
   std::u16string wideName(name, name + strlen(name));
@@ -26,6 +28,8 @@ bool FileExists(const std::u16string& path) {
   DWORD attributes = GetFileAttributesW(AsWide(path.c_str()));
   return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
 }
+
+uint32_t ProcessNumber() { return GetCurrentProcessId(); }
 
 std::u16string AbsolutePath(const std::u16string& path) {
   std::u16string result(32768, u'\0');

@@ -1,0 +1,47 @@
+// The driver options that a printer's page offers, and what each can be.
+//
+// A model that can't do what an option is about doesn't offer it; figures that stand in for the
+// model's can be edited only while they are in force.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "core/OString.h"
+#include "settings/DriverOptionsTable.h"
+
+namespace ostvt {
+
+class DriverOptions;
+class PrinterModel;
+
+enum class OptionKind {
+  kCharacter,
+  kText,
+  kFlag,
+  kTracking,    // kTracking..., see model/ModelDataRecord.h
+  kResolution,  // dots per inch, 0 as the model has it
+  kLength,      // micrometres, likewise
+  kTime,        // milliseconds
+};
+
+struct OfferedOption {
+  DriverOption Option;
+  OptionKind Kind;
+  bool IsEnabled;
+  // Of a number; 0 and 0 for others.
+  int32_t Minimum;
+  int32_t Maximum;
+};
+
+// In the order of DriverOption.
+std::vector<OfferedOption> GetOfferedOptions(PrinterModel* model, const DriverOptions& options);
+OptionKind GetOptionKind(DriverOption option);
+// The numbers that a resolution can be, ascending: 0, those of the model, and `current`.
+std::vector<int32_t> GetResolutionChoices(const PrinterModel& model, bool ofX, int32_t current);
+// A number inside the option's bounds.
+int32_t LimitOption(const OfferedOption& offered, int32_t value);
+// The most characters that can be typed for a text.
+int32_t GetOptionTextLimit(OptionKind kind);
+
+}  // namespace ostvt

@@ -1,0 +1,7 @@
+#include "ui/PlatformWindows.h"
+
+namespace ostvt {
+
+const SessionWindows* PlatformWindows() { return nullptr; }
+
+}  // namespace ostvt

@@ -1,0 +1,42 @@
+#include "ui/windows/UResourceFile.h"
+
+#include "core/OFile.h"
+
+namespace ostvt {
+
+using platform::AsWide;
+
+UResourceFile::UResourceFile(const OString& path, bool deleteOnClose)
+    : Path(path), OwnsModule(true), DeleteOnClose(deleteOnClose) {}
+
+UResourceFile::UResourceFile(HMODULE module) : Module(module), LoadTried(true) {}
+
+UResourceFile::~UResourceFile() {
+  if (OwnsModule && Module) FreeLibrary(Module);
+  if (DeleteOnClose) OFile::DeleteFile(Path);
+}
+
+HRSRC UResourceFile::Find(uint16_t type, const char16_t* name) {
+  if (!LoadTried) {
+    LoadTried = true;
+    DWORD before = 0;
+    SetThreadErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX, &before);
+    Module = LoadLibraryExW(AsWide(Path.GetWide()), nullptr,
+                            LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE);
+    SetThreadErrorMode(before, nullptr);
+  }
+  return Module ? FindResourceW(Module, AsWide(name), AsWide(ResourceNumber(type))) : nullptr;
+}
+
+uint32_t UResourceFile::GetSize(uint16_t type, const char16_t* name) {
+  HRSRC item = Find(type, name);
+  return item ? SizeofResource(Module, item) : 0;
+}
+
+const uint8_t* UResourceFile::GetData(uint16_t type, const char16_t* name) {
+  HRSRC item = Find(type, name);
+  HGLOBAL data = item ? LoadResource(Module, item) : nullptr;
+  return data ? static_cast<const uint8_t*>(LockResource(data)) : nullptr;
+}
+
+}  // namespace ostvt
