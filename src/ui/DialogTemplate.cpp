@@ -4,6 +4,8 @@
 #include <cstring>
 #include <iterator>
 
+#include "core/LittleEndian.h"
+
 namespace ostvt {
 namespace {
 
@@ -30,17 +32,14 @@ constexpr uint16_t kNumberMark = 0xFFFF;  // a number of one more word, no text
 constexpr char16_t kNarrowRichEdit[] = u"richedit20a";
 constexpr char16_t kWideRichEdit[] = u"RichEdit20W";
 constexpr uint32_t kRichEditUnits = std::size(kNarrowRichEdit) - 1;
-
-uint16_t ReadUnit(const uint8_t* at) { return static_cast<uint16_t>(at[0] | at[1] << 8); }
-
-uint32_t ReadDword(const uint8_t* at) { return ReadUnit(at) | uint32_t{ReadUnit(at + 2)} << 16; }
+constexpr uint32_t kAnyRichEditUnits = kRichEditUnits - 1;  // without the letter of the kind
 
 uint32_t RoundUp(uint32_t value) { return (value + kAlignment - 1) / kAlignment * kAlignment; }
 
 // Behind the text at `at`, which ends with a zero; false if there is none before the end.
 bool SkipText(const uint8_t* source, uint32_t size, uint32_t* at) {
   while (size - *at >= 2) {
-    const uint16_t unit = ReadUnit(source + *at);
+    const uint16_t unit = ReadLittleWord(source + *at);
     *at += 2;
     if (unit == 0) return true;
   }
@@ -49,7 +48,7 @@ bool SkipText(const uint8_t* source, uint32_t size, uint32_t* at) {
 
 bool SkipName(const uint8_t* source, uint32_t size, uint32_t* at) {
   if (size - *at < 2) return false;
-  if (ReadUnit(source + *at) != kNumberMark) return SkipText(source, size, at);
+  if (ReadLittleWord(source + *at) != kNumberMark) return SkipText(source, size, at);
   if (size - *at < 4) return false;
   *at += 4;
   return true;
@@ -66,10 +65,11 @@ struct FontPlace {
 // False for a template that has no font, or ends before it does.
 bool FindFont(const uint8_t* source, uint32_t size, FontPlace* place) {
   if (size < kPlainHead) return false;
-  place->Extended = ReadUnit(source) == kExtendedVersion && ReadUnit(source + 2) == kExtendedMark;
+  place->Extended =
+      ReadLittleWord(source) == kExtendedVersion && ReadLittleWord(source + 2) == kExtendedMark;
   uint32_t at = place->Extended ? kExtendedHead : kPlainHead;
   if (size < at) return false;
-  const uint32_t style = ReadDword(source + (place->Extended ? kExtendedStyle : kPlainStyle));
+  const uint32_t style = ReadLittleDword(source + (place->Extended ? kExtendedStyle : kPlainStyle));
   if (!(style & kStyleFont)) return false;
   constexpr int kNames = 3;  // menu, class, title
   for (int i = 0; i < kNames; ++i) {
@@ -89,9 +89,9 @@ void CopyWhole(const uint8_t* source, uint32_t size, Buffer* result) {
   CopyBytes(result->Data, source, size);
 }
 
-bool IsNarrowRichEdit(const uint8_t* at) {
-  for (uint32_t i = 0; i < kRichEditUnits; ++i) {
-    char16_t unit = ReadUnit(at + 2 * i);
+bool IsRichEdit(const uint8_t* at, uint32_t units) {
+  for (uint32_t i = 0; i < units; ++i) {
+    char16_t unit = ReadLittleWord(at + 2 * i);
     if (unit >= u'A' && unit <= u'Z') unit = static_cast<char16_t>(unit - u'A' + u'a');
     if (unit != kNarrowRichEdit[i]) return false;
   }
@@ -101,7 +101,7 @@ bool IsNarrowRichEdit(const uint8_t* at) {
 void WidenRichEdits(uint8_t* data, uint32_t size) {
   constexpr uint32_t kRoom = 2 * (kRichEditUnits + 1);  // a terminator must have room too
   for (uint32_t at = 0; at + kRoom <= size; at += 2) {
-    if (IsNarrowRichEdit(data + at)) memcpy(data + at, kWideRichEdit, 2 * kRichEditUnits);
+    if (IsRichEdit(data + at, kRichEditUnits)) memcpy(data + at, kWideRichEdit, 2 * kRichEditUnits);
   }
 }
 
@@ -127,6 +127,13 @@ void PatchDialogTemplate(const uint8_t* source, uint32_t size, const TemplateTar
   CopyBytes(result->Data + newControls, source + controls, size - controls);
   if (place.Extended) result->Data[place.Start + kCharacterSet] = kDefaultCharacterSet;
   if (target.WideRichEdit) WidenRichEdits(result->Data, result->Size);
+}
+
+bool UsesRichEdit(const uint8_t* source, uint32_t size) {
+  for (uint32_t at = 0; source && size - at >= 2 * kAnyRichEditUnits; at += 2) {
+    if (IsRichEdit(source + at, kAnyRichEditUnits)) return true;
+  }
+  return false;
 }
 
 }  // namespace ostvt

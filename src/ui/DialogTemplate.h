@@ -21,4 +21,7 @@ struct TemplateTarget {
 void PatchDialogTemplate(const uint8_t* source, uint32_t size, const TemplateTarget& target,
                          Buffer* result);
 
+// True for a template with a rich edit box of either kind, whose library must then be loaded.
+bool UsesRichEdit(const uint8_t* source, uint32_t size);
+
 }  // namespace ostvt

@@ -1,5 +1,7 @@
 #include "ui/PictureData.h"
 
+#include "core/LittleEndian.h"
+
 namespace ostvt {
 namespace {
 
@@ -17,28 +19,24 @@ constexpr uint32_t kBitCountField = 14;
 constexpr uint32_t kCompressionField = 16;
 constexpr uint32_t kColorsField = 32;
 
-uint32_t ReadDword(const uint8_t* at) {
-  return at[0] | uint32_t{at[1]} << 8 | uint32_t{at[2]} << 16 | uint32_t{at[3]} << 24;
-}
-
 }  // namespace
 
 bool ReadPictureLayout(const uint8_t* data, uint32_t size, PictureLayout* layout) {
   *layout = {};
   if (!data || size < kHeaderSize) return false;
-  const uint32_t headerSize = ReadDword(data);
+  const uint32_t headerSize = ReadLittleDword(data);
   if (headerSize < kHeaderSize || headerSize > size) return false;
-  const auto width = static_cast<int32_t>(ReadDword(data + kWidthField));
-  const auto height = static_cast<int32_t>(ReadDword(data + kHeightField));
+  const auto width = static_cast<int32_t>(ReadLittleDword(data + kWidthField));
+  const auto height = static_cast<int32_t>(ReadLittleDword(data + kHeightField));
   if (width <= 0 || width > kLongestSide) return false;
   if (height == 0 || height > kLongestSide || height < -kLongestSide) return false;
-  const uint32_t bits = data[kBitCountField] | uint32_t{data[kBitCountField + 1]} << 8;
+  const uint32_t bits = ReadLittleWord(data + kBitCountField);
   if (bits != 1 && bits != 4 && bits != 8 && bits != 16 && bits != 24 && bits != 32) return false;
-  const uint32_t compression = ReadDword(data + kCompressionField);
+  const uint32_t compression = ReadLittleDword(data + kCompressionField);
   const bool hasMasks = compression == kColorMasks && (bits == 16 || bits == 32);
   if (compression != kUncompressed && !hasMasks) return false;
 
-  uint32_t colors = ReadDword(data + kColorsField);
+  uint32_t colors = ReadLittleDword(data + kColorsField);
   if (bits <= 8 && colors == 0) colors = 1u << bits;
   if (colors > kMostColors) return false;
   const uint64_t colorsOffset =

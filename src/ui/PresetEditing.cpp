@@ -32,8 +32,7 @@ PresetItem* AddPreset(PresetList* list, const DevMode& devMode, const OString& p
 
 void RenamePreset(PresetItem* item, const OString& typed) {
   OString name = typed;
-  name.TrimLeft(" \t");
-  name.TrimRight(" \t");
+  name.Trim(" \t");
   item->SetName(name);
 }
 

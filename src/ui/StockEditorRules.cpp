@@ -108,8 +108,7 @@ void FitStockWidth(const StockLimits& limits, StockData* stock) {
 
 StockNameFault CheckStockName(const OString& name) {
   OString trimmed = name;
-  trimmed.TrimLeft(" \t");
-  trimmed.TrimRight(" \t");
+  trimmed.Trim(" \t");
   if (trimmed.IsEmpty()) return StockNameFault::kEmpty;
   if (trimmed.CompareNoCase("User Defined") == 0 || trimmed.CompareNoCase("USER") == 0)
     return StockNameFault::kReserved;

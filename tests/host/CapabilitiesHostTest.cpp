@@ -89,13 +89,13 @@ TEST_F(CapabilitiesHost, NamesFillTheirSlotsAndNothingBehind) {
 }
 
 TEST_F(CapabilitiesHost, DependentFilesHaveNoDirectory) {
-  int count = Ask(DC_FILEDEPENDENCIES);
-  ASSERT_EQ(count, 2);
-  std::vector<wchar_t> names(64 * 2 + 8, 0xCCCC);
-  ASSERT_EQ(Ask(DC_FILEDEPENDENCIES, names.data()), 2);
-  EXPECT_STREQ(names.data(), L"vt#base.ddz");
-  EXPECT_STREQ(names.data() + 64, L"vt#ost.ddz");
-  EXPECT_EQ(names[128], 0xCCCC);
+  const wchar_t* const files[] = {L"vt#base.ddz", L"vt#ost.ddz", L"ostenu.chm", L"ostdeu.chm"};
+  constexpr int kFiles = 4;
+  ASSERT_EQ(Ask(DC_FILEDEPENDENCIES), kFiles);
+  std::vector<wchar_t> names(64 * kFiles + 8, 0xCCCC);
+  ASSERT_EQ(Ask(DC_FILEDEPENDENCIES, names.data()), kFiles);
+  for (int i = 0; i < kFiles; ++i) EXPECT_STREQ(names.data() + 64 * i, files[i]);
+  EXPECT_EQ(names[64 * kFiles], 0xCCCC);
 }
 
 TEST_F(CapabilitiesHost, PairsOfCallsAgree) {

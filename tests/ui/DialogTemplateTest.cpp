@@ -172,5 +172,19 @@ TEST(DialogTemplate, NoTemplateGivesNoBytes) {
   EXPECT_EQ(0u, result.Size);
 }
 
+TEST(DialogTemplate, RichEditBoxesOfEitherKindAreFound) {
+  for (const char16_t* type : {u"RichEdit20A", u"RICHEDIT20W"}) {
+    const Bytes source = PlainTemplate(u"Arial").PlainControl(100, type, u"").Bytes;
+    const test::GuardedBlock block(source);
+    EXPECT_TRUE(UsesRichEdit(block.Data(), static_cast<uint32_t>(source.size())));
+  }
+  Bytes source = PlainTemplate(u"Arial").PlainControl(100, u"RichEdit", u"Rich text").Bytes;
+  source.push_back(0);
+  const test::GuardedBlock block(source);
+  EXPECT_FALSE(UsesRichEdit(block.Data(), static_cast<uint32_t>(source.size())));
+  EXPECT_FALSE(UsesRichEdit(block.Data(), 3));
+  EXPECT_FALSE(UsesRichEdit(nullptr, 0));
+}
+
 }  // namespace
 }  // namespace ostvt

@@ -54,7 +54,7 @@ void PageSetupPage::Update(bool initial) {
   if (initial || PresetListMark) FillPresets();
   SelectPreset();
   ShowLocked();
-  StockListMark = StockControlsMark = PreviewMark = PresetListMark = PresetSelectionMark = false;
+  StockListMark = StockControlsMark = PreviewMark = PresetListMark = false;
 }
 
 // Once, when the page is shown for the first time.

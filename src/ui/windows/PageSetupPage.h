@@ -57,7 +57,6 @@ class PageSetupPage : public UPage {
   // What the next Update does again.
   bool StockListMark = false;
   bool PresetListMark = false;
-  bool PresetSelectionMark = false;
   bool StockControlsMark = false;
   bool PreviewMark = false;
   bool FirstActivationMark = true;

@@ -7,6 +7,7 @@
 
 #include <vector>
 
+#include "platform/Desktop.h"
 #include "platform/Module.h"
 #include "settings/DriverSession.h"
 #include "settings/SheetHost.h"
@@ -128,14 +129,14 @@ int32_t SheetWindows::RunSheet(DriverSession* session, void* owner, const OStrin
                                std::span<const char* const> templateNames) const {
   using SheetFunction = INT_PTR WINAPI(const PROPSHEETHEADERW*);
   auto* run = CommonControlsFunction<SheetFunction>("PropertySheetW");
-  if (!run) return IDCANCEL;
+  if (!run || !platform::HasDesktop()) return 0;
   std::vector<HPROPSHEETPAGE> pages;
   for (const char* name : templateNames) {
     // The system would show an empty sheet in place of pages that it can't make.
     if (!ResourcesOf(session).LoadTemplate(name)) continue;
     if (HPROPSHEETPAGE page = CreatePage(session, name)) pages.push_back(page);
   }
-  if (pages.empty()) return IDCANCEL;
+  if (pages.empty()) return 0;
   PROPSHEETHEADERW header = {};
   header.dwSize = sizeof header;
   header.dwFlags = PSH_NOAPPLYNOW | PSH_HASHELP;
@@ -148,13 +149,14 @@ int32_t SheetWindows::RunSheet(DriverSession* session, void* owner, const OStrin
   const INT_PTR result = run(&header);
   if (result > 0) return IDOK;
   outer.RestoreSettings();
-  return IDCANCEL;
+  return result < 0 ? 0 : IDCANCEL;
 }
 
 int32_t SheetWindows::RunDialog(DriverSession* session, void* owner,
                                 const OString& templateName) const {
   DLGPROC start = FindStartProcedure(templateName);
-  if (!start) return 0;
+  // In a service nobody could ever close it.
+  if (!start || !platform::HasDesktop()) return 0;
   return RunSessionDialog(session, static_cast<HWND>(owner), templateName, start);
 }
 
@@ -164,7 +166,7 @@ bool SheetWindows::ChooseFile(DriverSession* session, void* owner, const OString
   using OpenFunction = BOOL WINAPI(OPENFILENAMEW*);
   auto* open = platform::FindFunction<OpenFunction>(library, "GetOpenFileNameW");
   bool chosen = false;
-  if (open) {
+  if (open && platform::HasDesktop()) {
     UResourceSet& resources = ResourcesOf(session);
     std::vector<wchar_t> filter;
     for (const FileKind& kind : kinds) {

@@ -133,8 +133,7 @@ void StockEditorDialog::OnApply() {
   Target->Data() = Edited;
   if (!Editing.Name) return;
   OString name = CutText(ControlText(IDC_STOCK_NAME), kStockNameLimit);
-  name.TrimLeft(" \t");
-  name.TrimRight(" \t");
+  name.Trim(" \t");
   Target->Name = name;
 }
 

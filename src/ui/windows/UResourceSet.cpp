@@ -85,7 +85,6 @@ void UResourceSet::InitializeWindows() {
   INITCOMMONCONTROLSEX classes = {sizeof classes, ICC_DATE_CLASSES | ICC_INTERNET_CLASSES};
   using InitFunction = BOOL WINAPI(const INITCOMMONCONTROLSEX*);
   if (auto* init = CommonControlsFunction<InitFunction>("InitCommonControlsEx")) init(&classes);
-  RichEditLibrary = platform::OpenLibrary(u"riched20.dll");
   RegisterPictureControl();
 }
 
@@ -167,6 +166,9 @@ const DLGTEMPLATE* UResourceSet::LoadTemplate(const OString& name, uint32_t* siz
   } else {
     const ResourceData source = Find(kResourceDialog, name.GetWide());
     if (source.Data) {
+      // A large library, which few templates need.
+      if (!RichEditLibrary && UsesRichEdit(source.Data, source.Size))
+        RichEditLibrary = platform::OpenLibrary(u"riched20.dll");
       patched = new Buffer;
       PatchDialogTemplate(source.Data, source.Size, TargetOfSystem(), patched);
       TemplateCache.Set(name, patched);

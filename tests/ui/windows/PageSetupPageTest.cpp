@@ -97,7 +97,8 @@ TEST_F(PageSetupPageTest, UserFormKeepsTheDocumentsSizeWhileTheUserLooksAround) 
   Settings().Set(&PublicDevMode::dmPaperWidth, int16_t{600});
   Settings().Set(&PublicDevMode::dmPaperLength, int16_t{400});
   Open();
-  EXPECT_EQ("<USER (60.0 mm x 40.0 mm)>", Lines(Page, IDC_STOCK).substr(0, 26));
+  // Less the margins at the sides, 1.27 mm each.
+  EXPECT_EQ("<USER (57.5 mm x 40.0 mm)>", Lines(Page, IDC_STOCK).substr(0, 26));
   ChooseStock(1);
   ChooseStock(0);
   EXPECT_EQ(600, Settings().GetPaperWidth());
@@ -137,7 +138,7 @@ TEST_F(PageSetupPageTest, ModelWithoutMirrorAndInverseHidesThem) {
 }
 
 TEST_F(PageSetupPageTest, CopyrightIsTheManufacturersWithItsMacros) {
-  Manufacturer += "Copyright=Made by us {C=20012004} {R}{zzz}.\n";
+  Manufacturer += "Copyright=Made by us {C=2001-2004} {R}{zzz}.\n";
   AddLabelPrinter();
   Open();
   EXPECT_TRUE(IsShown(Page, IDC_COPYRIGHT));
@@ -247,7 +248,7 @@ TEST_F(PageSetupPageTest, EditedUserFormGivesTheDocumentItsSize) {
   });
   Click(Page, IDC_STOCK_EDIT);
   EXPECT_EQ(256, PaperSize());
-  EXPECT_EQ(800, Settings().GetPaperWidth());
+  EXPECT_EQ(825, Settings().GetPaperWidth());
 }
 
 TEST_F(PageSetupPageTest, LockedPageOffersNoChangeOfThePrinter) {
@@ -259,12 +260,12 @@ TEST_F(PageSetupPageTest, LockedPageOffersNoChangeOfThePrinter) {
   EXPECT_FALSE(IsEnabled(Page, IDC_STOCK_DELETE));
   EXPECT_FALSE(IsEnabled(Page, IDC_PRESETS));
   EXPECT_TRUE(IsEnabled(Page, IDC_STOCK_EDIT));
-  EXPECT_EQ("&View...", Narrow(Page, IDC_STOCK_EDIT));
+  EXPECT_EQ(Utf8Name(ResourcesOf(&Session()).LoadText(488)), Narrow(Page, IDC_STOCK_EDIT));
   // The document's own settings are free.
   EXPECT_EQ(257, PaperSize());
   EXPECT_TRUE(IsEnabled(Page, IDC_ORIENTATION_LANDSCAPE));
   ChooseStock(0);
-  EXPECT_EQ("&Edit...", Narrow(Page, IDC_STOCK_EDIT));
+  EXPECT_EQ(Utf8Name(ResourcesOf(&Session()).LoadText(489)), Narrow(Page, IDC_STOCK_EDIT));
 }
 
 TEST_F(PageSetupPageTest, LockedUserFormIsSizedForTheDocumentAlone) {
@@ -279,7 +280,7 @@ TEST_F(PageSetupPageTest, LockedUserFormIsSizedForTheDocumentAlone) {
     Press(dialog, IDOK);
   });
   Click(Page, IDC_STOCK_EDIT);
-  EXPECT_EQ(800, Settings().GetPaperWidth());
+  EXPECT_EQ(825, Settings().GetPaperWidth());
   EXPECT_EQ("", DumpDifference(store, StoreDump()));
 }
 

@@ -165,8 +165,10 @@ TEST_F(StockEditorDialogTest, HostileTextStaysInsideTheLimits) {
   for (int i = 0; i < 4; ++i) User.Answer(IDOK);
   EXPECT_EQ(IDOK, Run([](HWND dialog) {
               for (const std::wstring& text : HostileTexts()) {
-                for (int id = IDC_STOCK_WIDTH; id <= IDC_MARGIN_BOTTOM; ++id)
-                  Type(dialog, id, text);
+                for (int id = IDC_STOCK_WIDTH; id <= IDC_MARGIN_BOTTOM; ++id) {
+                  // One box of that length is enough: the system takes seconds to lay it out.
+                  if (text.size() < 1000 || id == IDC_STOCK_WIDTH) Type(dialog, id, text);
+                }
               }
               // No name is left of these, and "New stock" takes its place.
               for (const wchar_t* name : {L"", L" ", L"USER", L"User Defined"}) {
