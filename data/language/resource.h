@@ -115,6 +115,7 @@
 #define IDS_PRESET_NAME_CAPTION 8003
 #define IDS_PRESET_NAME_EMPTY 8004
 #define IDS_PRESET_NAME_USED 8005  // "%1" is the name
+#define IDS_STOCK_NAME_USED 8006   // "%s" is the name
 
 // User commands: the points in the order of their texts in the device mode.
 #define IDS_COMMAND_POINT_FIRST 8010

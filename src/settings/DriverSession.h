@@ -84,7 +84,7 @@ class DriverSession {
   virtual bool Reserved2();
   virtual bool SupportsCacheCommand(PrinterPort* port);
   // Actions by number, see SessionActions.h. False when nothing was done: the action doesn't exist,
-  // what it needs can't be had, the user cancelled it.
+  // what it needs can't be had, the user chose no file. A window that was shown is enough.
   virtual bool DoAction(ActionContext* context, int32_t action);
   // kAction... bits.
   virtual uint32_t GetActionFlags(ActionContext* context, int32_t action);

@@ -103,7 +103,8 @@ void ChangeBottomMargin(const StockLimits& limits, int32_t margin, StockData* st
 
 void FitStockWidth(const StockLimits& limits, StockData* stock) {
   const int64_t rest = Rest(limits.MaximumWidth, stock->LeftMargin, stock->RightMargin);
-  stock->Width = static_cast<int32_t>(std::min<int64_t>(stock->Width, rest));
+  stock->Width = Bring(stock->Width, 0, std::max<int64_t>(rest, limits.MinimumWidth));
+  LimitSideMargins(limits, stock);
 }
 
 StockNameFault CheckStockName(const OString& name) {

@@ -39,7 +39,8 @@ void ChangeLeftMargin(const StockLimits& limits, int32_t margin, StockData* stoc
 void ChangeRightMargin(const StockLimits& limits, int32_t margin, StockData* stock);
 void ChangeTopMargin(const StockLimits& limits, int32_t margin, StockData* stock);
 void ChangeBottomMargin(const StockLimits& limits, int32_t margin, StockData* stock);
-// The last look at a stock before it is kept: no wider than what the margins leave.
+// The last look at a stock before it is kept: no wider than what the margins leave; margins that
+// leave too little give way.
 void FitStockWidth(const StockLimits& limits, StockData* stock);
 
 enum class StockNameFault { kNone, kEmpty, kReserved };

@@ -19,12 +19,6 @@ bool NamesAnother(const DevMode& devMode, const StockItem& item) {
   return devMode.HasFields(kFieldFormName) && item.IsUserForm();
 }
 
-const StockItem* FindName(const StockList& list, const OString& name) {
-  const StockItem* item = list.GetFirst();
-  while (item && CompareStockNames(item->Name, name) != 0) item = item->GetNext();
-  return item;
-}
-
 }  // namespace
 
 StockItem* FindStockOf(StockList* list, DevMode* devMode, StockData* size) {
@@ -50,9 +44,15 @@ OString StockText(const OString& name, const OString& width, const OString& heig
   return name + " (" + width + " x " + height + ")";
 }
 
+StockItem* FindStockName(const StockList& list, const OString& name) {
+  StockItem* item = list.GetFirst();
+  while (item && CompareStockNames(item->Name, name) != 0) item = item->GetNext();
+  return item;
+}
+
 OString FreeStockName(const StockList& list, const OString& name) {
   OString free = name;
-  while (FindName(list, free)) {
+  while (FindStockName(list, free)) {
     const OString before = free;
     free.IncrementNumber(true);
     if (free == before) break;

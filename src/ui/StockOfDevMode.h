@@ -16,6 +16,8 @@ StockItem* FindStockOf(StockList* list, DevMode* devMode, StockData* size);
 void WriteStock(const StockItem& item, const StockData& size, DevMode* devMode);
 // "Shelf (50.0 mm x 25.0 mm)"; the measures come formatted.
 OString StockText(const OString& name, const OString& width, const OString& height);
+// Of all items, the hidden ones too; null if there is none.
+StockItem* FindStockName(const StockList& list, const OString& name);
 // The name itself, or where the list has it already the next of its series that is free.
 OString FreeStockName(const StockList& list, const OString& name);
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string_view>
 
 #include "HostEnvironment.h"
@@ -102,6 +103,39 @@ TEST_F(SheetInHost, CancelledSheetLeavesTheStoreAndTheBlock) {
   });
   EXPECT_EQ(output.Copy(), std::vector<BYTE>(kDevModeSize, 0xCC));
   EXPECT_EQ(StoreDump(kPrinterName), store);
+}
+
+TEST_F(SheetInHost, WhatAnInnerSheetAppliedIsDroppedWithTheOuterOne) {
+  const std::vector<BYTE> input = DefaultDevMode(Printer);
+  GuardedBlock output(kDevModeSize);
+  Open(&output, reinterpret_cast<const DEVMODEW*>(input.data()), [&] {
+    Press(WaitForControl(IDC_ADVANCED));
+    HWND text = WaitForControl(IDC_COMMAND_TEXT);
+    ASSERT_NE(text, nullptr) << "no Advanced sheet";
+    Type(text, L"^PW800");
+    HWND advanced = SheetOf(text);
+    Close(advanced, IDOK);
+    ASSERT_TRUE(WaitUntilGone(advanced));
+    CloseSheet(IDCANCEL);
+  });
+  EXPECT_EQ(output.Copy(), std::vector<BYTE>(kDevModeSize, 0xCC));
+}
+
+TEST_F(SheetInHost, UserCommandsArriveWithBothSheets) {
+  GuardedBlock output(kDevModeSize);
+  Open(&output, nullptr, [&] {
+    Press(WaitForControl(IDC_ADVANCED));
+    HWND text = WaitForControl(IDC_COMMAND_TEXT);
+    ASSERT_NE(text, nullptr) << "no Advanced sheet";
+    Type(text, L"^PW800");
+    HWND advanced = SheetOf(text);
+    Close(advanced, IDOK);
+    ASSERT_TRUE(WaitUntilGone(advanced));
+    CloseSheet(IDOK);
+  });
+  const std::vector<BYTE> block = output.Copy();
+  constexpr char kCommand[] = "^PW800";
+  EXPECT_NE(std::search(block.begin(), block.end(), kCommand, kCommand + 6), block.end());
 }
 
 TEST_F(SheetInHost, DeletedStockIsGone) {

@@ -146,6 +146,14 @@ TEST(StockEditorRules, FittedWidthIsAtMostWhatTheMarginsLeave) {
   EXPECT_EQ(1, stock.Width);
 }
 
+TEST(StockEditorRules, MarginsThatLeaveNothingGiveWay) {
+  StockData stock = Stock(50000, 60000, 60000);
+  FitStockWidth(Limits(MarginRule::kLeft), &stock);
+  EXPECT_GE(stock.Width, Limits(MarginRule::kLeft).MinimumWidth);
+  EXPECT_LE(stock.Width + stock.LeftMargin + stock.RightMargin,
+            Limits(MarginRule::kLeft).MaximumWidth);
+}
+
 TEST(StockEditorRules, StockNamedUserInLowerCaseIsRefused) {
   EXPECT_EQ(StockNameFault::kReserved, CheckStockName("user"));
 }

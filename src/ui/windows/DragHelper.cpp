@@ -34,7 +34,8 @@ struct DragFunctions {
 
 class Drag {
  public:
-  Drag(UPage* page, std::span<const int32_t> targets) : Page(page), Targets(targets) {}
+  // Only windows are kept: the page may end while the mouse moves.
+  Drag(HWND page, std::span<const int32_t> targets) : Window(page), Targets(targets) {}
 
   bool Begin(UListView& source, int32_t item, POINT start) {
     if (!Functions.AreThere() || !source.Window) return false;
@@ -46,7 +47,7 @@ class Drag {
     POINT screen = start;
     ClientToScreen(source.Window, &screen);
     Functions.DragEnter(nullptr, screen.x, screen.y);
-    SetCapture(Page->Window);
+    SetCapture(Window);
     return true;
   }
 
@@ -55,7 +56,7 @@ class Drag {
     for (;;) {
       const UINT message = Next();
       if (message == WM_LBUTTONUP) return true;
-      if (message == WM_QUIT || GetCapture() != Page->Window) return false;
+      if (message == WM_QUIT || GetCapture() != Window) return false;
       POINT mouse;
       if (!GetCursorPos(&mouse)) continue;
       if (message == WM_MOUSEMOVE) Functions.DragMove(mouse.x, mouse.y);
@@ -70,7 +71,7 @@ class Drag {
     Functions.DragLeave(nullptr);
     Functions.EndDrag();
     Functions.DestroyList(Image);
-    if (GetCapture() == Page->Window) ReleaseCapture();
+    if (GetCapture() == Window) ReleaseCapture();
     return place;
   }
 
@@ -110,7 +111,7 @@ class Drag {
   // The target under the mouse, which is then in its pixels; null if there is none.
   HWND TargetAt(POINT* mouse, int32_t* id) const {
     for (const int32_t target : Targets) {
-      HWND window = Page->ControlWindow(target);
+      HWND window = GetDlgItem(Window, target);
       RECT client;
       POINT point = *mouse;
       if (!window || !ScreenToClient(window, &point) || !GetClientRect(window, &client)) continue;
@@ -152,7 +153,7 @@ class Drag {
     return place;
   }
 
-  UPage* Page;
+  HWND Window;
   std::span<const int32_t> Targets;
   DragFunctions Functions;
   HIMAGELIST Image = nullptr;
@@ -162,7 +163,7 @@ class Drag {
 
 DropPlace DragListItem(UPage* page, UListView& source, int32_t item, POINT start,
                        std::span<const int32_t> targets) {
-  Drag drag(page, targets);
+  Drag drag(page->Window, targets);
   if (!drag.Begin(source, item, start)) return {};
   return drag.End(drag.Follow());
 }

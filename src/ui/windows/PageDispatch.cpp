@@ -73,7 +73,7 @@ INT_PTR PageDispatch::Dispatch(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_PALETTEISCHANGING:
     case WM_PALETTECHANGED: {
       const bool done = Page->OnPaletteMessage(message, wParam, lParam);
-      Page->SetResult(done);
+      if (IsAlive()) Page->SetResult(done);
       return done;
     }
     case PSM_QUERYSIBLINGS:
@@ -203,7 +203,9 @@ INT_PTR PageDispatch::Scroll(HWND bar, WPARAM wParam) {
     return TRUE;
   }
   int32_t value = 0;
-  if (FollowScroll(bar, LOWORD(wParam), HIWORD(wParam), &value)) Command(id, LOWORD(wParam), value);
+  if (FollowScroll(bar, LOWORD(wParam), HIWORD(wParam), &value) &&
+      !Page->OnCommand(id, LOWORD(wParam), value))
+    Tail();
   return TRUE;
 }
 

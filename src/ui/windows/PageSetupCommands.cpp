@@ -19,12 +19,6 @@ constexpr char kStockEditor[] = "*:PAGE_SETUP/^EDIT_STOCK";
 constexpr char kPresets[] = "*:PAGE_SETUP/^PRESETS";
 constexpr const char* kAdvancedPages[] = {"*:ADVANCED/USER_COMMANDS", "*:ADVANCED/DRIVER_OPTIONS"};
 
-StockItem* FindName(const StockList& list, const OString& name) {
-  StockItem* item = list.GetFirst();
-  while (item && CompareStockNames(item->Name, name) != 0) item = item->GetNext();
-  return item;
-}
-
 }  // namespace
 
 void PageSetupPage::MakeCurrent(StockItem* item, const StockData& size) {
@@ -105,7 +99,7 @@ void PageSetupPage::KeepStock(const OString& name) {
   CurrentStock = nullptr;
   stock.Normalize();
   stock.Save(Session->Model);
-  StockItem* item = FindName(stock, name);
+  StockItem* item = FindStockName(stock, name);
   if (item) MakeCurrent(item, item->Data());
   StockListMark = PreviewMark = StockControlsMark = true;
 }
@@ -120,7 +114,7 @@ void PageSetupPage::OpenAdvanced() {
   StockList& stock = Session->GetStock();
   CurrentStock = nullptr;
   stock.Normalize();
-  StockItem* item = FindName(stock, name);
+  StockItem* item = FindStockName(stock, name);
   if (item && !item->IsUserForm() && item->PaperId != Settings().Get(&PublicDevMode::dmPaperSize))
     MakeCurrent(item, item->Data());
   StockListMark = PreviewMark = StockControlsMark = true;
@@ -138,6 +132,9 @@ void PageSetupPage::ChoosePreset() {
   if (!preset || preset->GetDevMode().IsEmpty()) return;
   DevMode& settings = Settings();
   OverlayDevMode(preset->GetDevMode(), &settings);
+  // Numbers follow the order of the list, which has changed since if another stock came.
+  const StockItem* stock = Session->GetStock().FindByName(settings.GetFormName());
+  if (stock && stock->PaperId != 0) settings.Set(&PublicDevMode::dmPaperSize, stock->PaperId);
   StockPapers papers(Session->Model, &Session->GetStock());
   settings.Validate(Session->Model, &papers);
   settings.SetPresetName(preset->Name);

@@ -1,5 +1,6 @@
 #include "ui/windows/PictureControl.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "platform/Module.h"
@@ -97,15 +98,16 @@ void PaintContent(HDC target, const RECT& client, const PictureState& state) {
     return;
   }
   const POINT place = {(client.right - layout.Width) / 2, (client.bottom - layout.Height) / 2};
+  const POINT corner = {std::max<LONG>(place.x, 0), std::max<LONG>(place.y, 0)};
   const int saved = SaveDC(target);
   IntersectClipRect(target, 0, 0, client.right, client.bottom);
-  const COLORREF background = GetPixel(target, place.x, place.y);
+  const COLORREF background = GetPixel(target, corner.x, corner.y);
   if (isBitmap) {
     DrawBitmap(target, place, state.Bitmap, size);
   } else {
     DrawPicture(target, place, state.Picture, layout);
   }
-  if (state.Transparent && background != CLR_INVALID) ClearBackground(target, place, background);
+  if (state.Transparent && background != CLR_INVALID) ClearBackground(target, corner, background);
   RestoreDC(target, saved);
 }
 
@@ -123,6 +125,9 @@ void Paint(HWND window, HDC target, const RECT& area) {
 }
 
 void PaintUpdate(HWND window) {
+  // The corner that tells the colour must be painted for a part of the picture to be.
+  const PictureState* state = StateOf(window);
+  if (state && state->Transparent) InvalidateRect(window, nullptr, TRUE);
   RECT area;
   const bool hasArea = GetUpdateRect(window, &area, FALSE);
   PAINTSTRUCT paint;

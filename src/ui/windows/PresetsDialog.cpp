@@ -58,11 +58,6 @@ bool PresetsDialog::OnCommand(int32_t id, uint32_t code, LPARAM) {
       return true;
     case IDC_PRESET_NAME:
       if (code == EN_CHANGE && !Writing) TakeName();
-      if (code == EN_KILLFOCUS) {
-        const PresetItem* item = Selected();
-        Edited.Sort();
-        FillList(item);
-      }
       return true;
     case IDC_PRESET_DESCRIPTION:
       if (code == EN_CHANGE && !Writing) TakeDescription();
@@ -85,7 +80,8 @@ void PresetsDialog::TakeName() {
   PresetItem* item = Selected();
   if (!item || item->IsBuiltIn()) return;
   RenamePreset(item, CutText(ControlText(IDC_PRESET_NAME), kPresetNameLimit));
-  // The list takes its order when the name is whole.
+  // The list takes its order when the dialog ends: a line that moved away under the mouse would
+  // choose another preset.
   const int32_t index = ListBox.GetSelected();
   ListBox.SetRedraw(false);
   ListBox.RemoveItem(index);

@@ -71,16 +71,23 @@ intptr_t CallHost(const DriverSession* session, uint32_t function, intptr_t firs
 class OuterSheet {
  public:
   explicit OuterSheet(DriverSession* session)
-      : Session(session), Crc(session->DevModeCrc), Callback(session->SheetCallback) {
+      : Session(session),
+        Crc(session->DevModeCrc),
+        WasApplied(session->IsApplied),
+        Callback(session->SheetCallback),
+        Channel(session->ChannelWindow) {
     Saved.Assign(session->SavedDevMode);
     Before.Assign(session->DevModeBuffer);
     session->SavedDevMode.Assign(session->DevModeBuffer);
     session->SheetCallback = nullptr;
+    session->ChannelWindow = nullptr;
   }
   ~OuterSheet() {
     Session->SavedDevMode.Assign(Saved);
     Session->DevModeCrc = Crc;
+    Session->IsApplied = WasApplied;
     Session->SheetCallback = Callback;
+    Session->ChannelWindow = Channel;
   }
   OuterSheet(const OuterSheet&) = delete;
   OuterSheet& operator=(const OuterSheet&) = delete;
@@ -94,7 +101,9 @@ class OuterSheet {
   DevMode Saved;
   DevMode Before;
   uint32_t Crc;
+  bool WasApplied;
   SheetCallbackFunction Callback;
+  platform::ChannelWindow Channel;
 };
 
 void AppendWithZero(std::vector<wchar_t>* list, const OString& text) {

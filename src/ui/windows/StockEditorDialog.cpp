@@ -3,6 +3,7 @@
 #include "language/resource.h"
 #include "platform/SystemVersion.h"
 #include "settings/DriverSession.h"
+#include "ui/StockOfDevMode.h"
 #include "ui/TextLimits.h"
 #include "ui/windows/UResourceSet.h"
 
@@ -116,25 +117,43 @@ bool StockEditorDialog::CanApply() {
   if (!Target) return true;
   TakeFields();
   if (!Editing.Name) return true;
-  const OString name = ControlText(IDC_STOCK_NAME);
-  const StockNameFault fault = CheckStockName(name);
-  if (fault == StockNameFault::kNone) return true;
-  OString text =
-      Text(fault == StockNameFault::kEmpty ? IDS_STOCK_NAME_EMPTY : IDS_STOCK_NAME_RESERVED);
-  if (fault == StockNameFault::kReserved) text.Replace("%s", name);
-  ShowMessage(text, Text(IDS_STOCK_NAME_CAPTION), MB_OK | MB_ICONEXCLAMATION);
-  Show(IDC_STOCK_NAME, Text(IDS_STOCK_NEW_NAME));
-  ::SetFocus(ControlWindow(IDC_STOCK_NAME));
-  return false;
+  const OString name = TypedName();
+  switch (CheckStockName(name)) {
+    case StockNameFault::kEmpty:
+      RefuseName(IDS_STOCK_NAME_EMPTY, name, Text(IDS_STOCK_NEW_NAME));
+      return false;
+    case StockNameFault::kReserved:
+      RefuseName(IDS_STOCK_NAME_RESERVED, name, Text(IDS_STOCK_NEW_NAME));
+      return false;
+    case StockNameFault::kNone:
+      break;
+  }
+  // The list can keep only one stock of a name, and the other would be lost.
+  if (CompareStockNames(name, Target->Name) != 0 && FindStockName(Session->GetStock(), name)) {
+    RefuseName(IDS_STOCK_NAME_USED, name, name);
+    return false;
+  }
+  return true;
 }
 
 void StockEditorDialog::OnApply() {
   if (!Target) return;
   Target->Data() = Edited;
-  if (!Editing.Name) return;
+  if (Editing.Name) Target->Name = TypedName();
+}
+
+OString StockEditorDialog::TypedName() const {
   OString name = CutText(ControlText(IDC_STOCK_NAME), kStockNameLimit);
   name.Trim(" \t");
-  Target->Name = name;
+  return name;
+}
+
+void StockEditorDialog::RefuseName(int32_t message, const OString& name, const OString& proposal) {
+  OString text = Text(message);
+  text.Replace("%s", name);
+  ShowMessage(text, Text(IDS_STOCK_NAME_CAPTION), MB_OK | MB_ICONEXCLAMATION);
+  Show(IDC_STOCK_NAME, proposal);
+  ::SetFocus(ControlWindow(IDC_STOCK_NAME));
 }
 
 }  // namespace ostvt

@@ -26,6 +26,9 @@ class StockEditorDialog : public UPage {
   void TakeFields();
   void Show(int32_t id, const OString& text);
   void ShowLinkedMargin(int32_t from);
+  // As it will be kept.
+  OString TypedName() const;
+  void RefuseName(int32_t message, const OString& name, const OString& proposal);
 
   StockItem* Target = nullptr;  // the opener's
   StockData Edited = {};

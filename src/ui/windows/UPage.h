@@ -35,7 +35,8 @@ class UPage : public UWindow {
   // Brings the controls up to date with the settings. The only place that writes to them.
   virtual void Update(bool initial);
   // `code` is the control's; `param` its window, for a scroll bar its value. True: handled, nothing
-  // has changed. Ids 1, 2 and 9 with code 0 (OK, Cancel, Help) don't come here.
+  // has changed. Id 9 with code 0 (Help) doesn't come here, nor in a dialog
+  // 1 and 2 (OK, Cancel).
   virtual bool OnCommand(int32_t id, uint32_t code, LPARAM param);
   // True: handled. The answer to the control is what SetResult left, else 0.
   virtual bool OnNotify(int32_t control, uint32_t code, NMHDR* header);

@@ -113,7 +113,7 @@ void UResourceSet::OpenModules() {
   OStringArray paths;
   ListHelpFiles(platform::ModuleDirectory().c_str(), prefix, Model->GetDriverName(),
                 LanguageInForce, &paths);
-  HelpFile = paths[0];
+  HelpFile = paths[paths.Count - 2];  // English for the model, where there is none at all
   for (int32_t i = 0; i < paths.Count; ++i) {
     if (!OFile::FileExists(paths[i])) continue;
     HelpFile = paths[i];

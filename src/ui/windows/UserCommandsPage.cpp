@@ -16,6 +16,15 @@ constexpr FileKind kCommandFiles[] = {{IDS_PRINTER_FILES, "*.prn"}};
 // Longer than any text, so that one that is too long is seen to be.
 constexpr uint32_t kReadSize = 1024;
 
+// The text with `inserted` in place of the selection.
+OString TextWith(const UEdit& box, const OString& inserted) {
+  int32_t first = 0;
+  int32_t last = 0;
+  box.GetSelection(&first, &last);
+  const OString text = box.GetText();
+  return text.Left(first) + inserted + text.Mid(last);
+}
+
 bool Fits(const OString& text, int32_t point) {
   OString narrow = text;
   narrow.SetCodePage(0);
@@ -61,7 +70,8 @@ bool UserCommandsPage::OnCommand(int32_t id, uint32_t code, LPARAM) {
       if (Writing || (code != EN_CHANGE && code != EN_KILLFOCUS)) return true;
       TakeText();
       // What doesn't fit is seen to be gone when the box is left.
-      if (code == EN_KILLFOCUS) ShowText();
+      if (code == EN_KILLFOCUS && !(ShownText == GetCommandText(Settings(), ShownPoint)))
+        ShowText();
       return false;
     case IDC_COMMAND_INSERT:
       if (code != BN_CLICKED) return true;
@@ -91,9 +101,14 @@ void UserCommandsPage::Insert() {
   Session->DialogArgument = nullptr;
   if (result != IDOK || chosen < 0 || chosen >= kCommandInsertionCount) return;
   const OString inserted = GetCommandInsertion(chosen).Text;
-  if (!Fits(TextBox.GetText() + inserted, ShownPoint)) return ShowTooLong(ShownPoint);
+  if (!Fits(TextWith(TextBox, inserted), ShownPoint)) return ShowTooLong(ShownPoint);
   TextBox.Insert(inserted);
+  // The focus selects the whole text, which the next key would then replace.
+  int32_t first = 0;
+  int32_t last = 0;
+  TextBox.GetSelection(&first, &last);
   TextBox.SetFocus();
+  TextBox.Select(last, last);
 }
 
 void UserCommandsPage::LoadFile() {

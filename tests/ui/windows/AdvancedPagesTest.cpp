@@ -67,6 +67,37 @@ TEST_F(UserCommandsPageTest, InsertionGoesInPlaceOfTheSelection) {
   EXPECT_EQ("A\\eB", Text(0));
 }
 
+// As with the mouse: the button takes the focus, and the box gets it back.
+TEST_F(UserCommandsPageTest, InsertionStaysWhereTheCaretWas) {
+  Open();
+  DialogDriver user;
+  Type(Page, IDC_COMMAND_TEXT, L"AB");
+  HWND box = GetDlgItem(Page, IDC_COMMAND_TEXT);
+  ::SetFocus(box);
+  SendMessageW(box, EM_SETSEL, 1, 1);
+  ::SetFocus(GetDlgItem(Page, IDC_COMMAND_INSERT));
+  Say(Page, IDC_COMMAND_TEXT, EN_KILLFOCUS);
+  user.Expect(Insertion(0));
+  Click(Page, IDC_COMMAND_INSERT);
+  EXPECT_EQ("A\\eB", Text(0));
+  DWORD first = 0;
+  DWORD last = 0;
+  SendMessageW(box, EM_GETSEL, reinterpret_cast<WPARAM>(&first), reinterpret_cast<LPARAM>(&last));
+  EXPECT_EQ(3u, first);
+  EXPECT_EQ(3u, last);
+}
+
+TEST_F(UserCommandsPageTest, InsertionCountsWithoutWhatItReplaces) {
+  Open();
+  DialogDriver user;
+  ChooseLine(Page, IDC_COMMAND_POINTS, 3);
+  Type(Page, IDC_COMMAND_TEXT, std::wstring(250, L'x'));
+  SendDlgItemMessageW(Page, IDC_COMMAND_TEXT, EM_SETSEL, 0, 2);
+  user.Expect(Insertion(0));
+  Click(Page, IDC_COMMAND_INSERT);
+  EXPECT_EQ("\\e" + std::string(248, 'x'), Text(3));
+}
+
 TEST_F(UserCommandsPageTest, CancelledInsertionChangesNothing) {
   Open();
   DialogDriver user;

@@ -63,13 +63,13 @@ TEST_F(PresetsDialogTest, NewPresetIsNamedDescribedAndSaved) {
   EXPECT_TRUE(Session().GetPresets().FindForDevMode(Settings()));
 }
 
-TEST_F(PresetsDialogTest, RenamedPresetTakesItsPlaceInTheList) {
+TEST_F(PresetsDialogTest, RenamedPresetTakesItsPlaceWithOk) {
   AddPreset("A");
   AddPreset("B");
   Run([](HWND dialog) {
     ChooseLine(dialog, IDC_PRESET_LIST, 2);
     Type(dialog, IDC_PRESET_NAME, L"C");
-    EXPECT_EQ("Current settings;Factory settings;B;<C>", ListLines(dialog, IDC_PRESET_LIST));
+    EXPECT_EQ("Current settings;Factory settings;<C>;B", ListLines(dialog, IDC_PRESET_LIST));
     Press(dialog, IDOK);
   });
   EXPECT_EQ("B=;C=;", Stored());

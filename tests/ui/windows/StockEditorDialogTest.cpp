@@ -130,6 +130,38 @@ TEST_F(StockEditorDialogTest, EmptyNameIsRefused) {
   EXPECT_EQ("New stock", Utf8Name(Stock.Name));
 }
 
+TEST_F(StockEditorDialogTest, NameThatAnotherStockHasIsRefused) {
+  AddLabelPrinter();
+  auto* other = new StockItem;
+  other->Data() = Stock.Data();
+  other->Name = "Tag";
+  Session().GetStock().AddTail(other);
+  User.Expect([](HWND dialog) {
+    Type(dialog, IDC_STOCK_NAME, L"Tag");
+    Press(dialog, IDOK);
+    EXPECT_TRUE(IsWindow(dialog));
+    Press(dialog, IDCANCEL);
+  });
+  User.Answer(IDOK);
+  Session().DialogArgument = &Stock;
+  EXPECT_EQ(IDCANCEL, RunSessionDialog(&Session(), nullptr, "*:PAGE_SETUP/^EDIT_STOCK",
+                                       StartPage<StockEditorDialog>));
+  EXPECT_STREQ("Shelf", Stock.Name.GetNarrow());
+}
+
+TEST_F(StockEditorDialogTest, NameIsTestedAsItIsKept) {
+  User.Answer(IDOK);
+  User.Answer(IDOK);
+  EXPECT_EQ(IDCANCEL, Run([](HWND dialog) {
+              const std::wstring blanks(31, L' ');
+              Type(dialog, IDC_STOCK_NAME, blanks + L"x");
+              Press(dialog, IDOK);
+              Type(dialog, IDC_STOCK_NAME, L"USER" + blanks + L"x");
+              Press(dialog, IDOK);
+              Press(dialog, IDCANCEL);
+            }));
+}
+
 TEST_F(StockEditorDialogTest, NameOfTheUserFormIsNotTested) {
   Stock.Flags = kStockUserForm;
   Stock.Name = "USER";
