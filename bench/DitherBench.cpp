@@ -2,14 +2,12 @@
 // without AVX2, and the plain loop that writes the rules out. The picture is put back before each
 // call, outside the time. Time is the thread's own, so other programs disturb it less.
 #include <benchmark/benchmark.h>
-#include <time.h>
 
-#include <cmath>
 #include <cstring>
-#include <random>
 #include <string>
 #include <vector>
 
+#include "bench/DitherWork.h"
 #include "imaging/DitherJob.h"
 // A benchmark is one program of one file.
 #include "tests/imaging/ReferenceDither.cpp"
@@ -55,42 +53,10 @@ constexpr Work kWorks[] = {
     {"smooth: Floyd-Steinberg, grey", kDitherDiffusion, kDitherGrey, 0, false, false, true},
 };
 
-constexpr DitherColor kColors[16] = {
-    {0, 0, 0, 0},       {128, 0, 0, 0},   {0, 128, 0, 0},   {128, 128, 0, 0},
-    {0, 0, 128, 0},     {128, 0, 128, 0}, {0, 128, 128, 0}, {192, 192, 192, 0},
-    {128, 128, 128, 0}, {255, 0, 0, 0},   {0, 255, 0, 0},   {255, 255, 0, 0},
-    {0, 0, 255, 0},     {255, 0, 255, 0}, {0, 255, 255, 0}, {255, 255, 255, 0}};
-
-// Soft light and edges with a little grain, as a photograph has.
-std::vector<uint8_t> Paint(uint32_t width, uint32_t height) {
-  std::vector<uint8_t> pixels(size_t{width} * height * 3);
-  std::minstd_rand random(7);
-  uint8_t* pixel = pixels.data();
-  for (uint32_t y = 0; y < height; ++y) {
-    for (uint32_t x = 0; x < width; ++x) {
-      const double u = x / 97.0;
-      const double v = y / 131.0;
-      const double shape = std::sin(u + std::sin(v)) * std::cos(v - u / 3) > 0.3 ? 40 : 0;
-      for (int c = 0; c < 3; ++c) {
-        const double light = 110 + shape + 80 * std::sin(u / 5 + c) * std::cos(v / 4 - c / 2.0);
-        const double grain = static_cast<double>(random() % 17) - 8;
-        *pixel++ = static_cast<uint8_t>(std::fmin(255, std::fmax(0, light + grain)));
-      }
-    }
-  }
-  return pixels;
-}
-
 const std::vector<uint8_t>& Picture(uint32_t width, uint32_t height) {
-  static const std::vector<uint8_t> large = Paint(4096, 4096);
-  static const std::vector<uint8_t> label = Paint(832, 1216);
+  static const std::vector<uint8_t> large = bench::PaintPicture(4096, 4096);
+  static const std::vector<uint8_t> label = bench::PaintPicture(832, 1216);
   return width == 4096 && height == 4096 ? large : label;
-}
-
-double ThreadSeconds() {
-  timespec now;
-  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-  return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) / 1e9;
 }
 
 void Dither(benchmark::State& state, const Work& work, Version version, uint32_t width,
@@ -99,20 +65,14 @@ void Dither(benchmark::State& state, const Work& work, Version version, uint32_t
   std::vector<uint8_t> pixels(picture.size());
   ImageDitherRecord record = {};
   ImageDither::SetImage(&record, pixels.data(), width, height, 0);
-  ImageDither::SetPalette(&record, kColors, 16);
-  ImageDither::SetColorMode(&record, work.Mode, work.Indexed);
-  record.setup.method = work.Method;
-  record.setup.orderedSize = 2;
-  record.setup.halftoneSize = 3;
-  record.setup.screenIndex = 12;
-  record.setup.diffusionKind = work.Kind;
+  bench::SetUpDither(&record, work.Method, work.Kind, work.Mode, work.Indexed);
   if (work.Adjusted) {
     record.setup.brightness = 10;
     record.setup.contrast = 20;
   }
   for (auto _ : state) {
     memcpy(pixels.data(), picture.data(), picture.size());
-    const double start = ThreadSeconds();
+    const double start = bench::ThreadSeconds();
     if (version == kPlain) {
       work.Smooth ? reference::DitherSmooth(&record) : reference::Dither(&record);
     } else if (version == kSse2) {
@@ -120,7 +80,7 @@ void Dither(benchmark::State& state, const Work& work, Version version, uint32_t
     } else {
       work.Smooth ? ImageDither::DitherSmooth(&record) : ImageDither::Dither(&record);
     }
-    state.SetIterationTime(ThreadSeconds() - start);
+    state.SetIterationTime(bench::ThreadSeconds() - start);
   }
   state.counters["Mpixels/s"] = benchmark::Counter(
       static_cast<double>(width) * height / 1e6 * static_cast<double>(state.iterations()),

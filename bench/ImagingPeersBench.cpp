@@ -2,33 +2,20 @@
 // core: the module's calls, the plain loops of their rules, and others' libraries. A stretch counts
 // result pixels. Prints one table a picture; an argument keeps the pictures whose size it names.
 #include <malloc.h>
-#include <time.h>
 
 #include <climits>
-#include <cmath>
 #include <cstdio>
 #include <cstring>
 #include <map>
 
+#include "bench/DitherWork.h"
 #include "bench/peers/Peers.h"
-#include "imaging/ImageDither.h"
 #include "imaging/ImageStretch.h"
 #include "tests/imaging/ReferenceStretch.h"
 // A benchmark is one program of one file.
 #include "tests/imaging/ReferenceDither.cpp"
 
 namespace peers {
-
-const uint8_t kSixteenColors[16][3] = {
-    {0, 0, 0},     {128, 0, 0},     {0, 128, 0},     {128, 128, 0},  {0, 0, 128}, {128, 0, 128},
-    {0, 128, 128}, {192, 192, 192}, {128, 128, 128}, {255, 0, 0},    {0, 255, 0}, {255, 255, 0},
-    {0, 0, 255},   {255, 0, 255},   {0, 255, 255},   {255, 255, 255}};
-
-double ProcessorSeconds() {
-  timespec now = {};
-  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-  return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
-}
 
 Ratio RatioOf(Work work) {
   switch (work) {
@@ -52,6 +39,8 @@ using namespace ostvt;
 constexpr const char* kNames[kWorkCount] = {"1 bit, ordered 8 x 8",
                                             "1 bit, halftone 8 x 8",
                                             "1 bit, screen",
+                                            "planes, ordered 8 x 8",
+                                            "planes, halftone 8 x 8",
                                             "planes, screen",
                                             "1 bit, Floyd-Steinberg",
                                             "1 bit, Jarvis",
@@ -65,28 +54,8 @@ constexpr const char* kNames[kWorkCount] = {"1 bit, ordered 8 x 8",
                                             "stretch 8-bit to 24-bit, x 2",
                                             "stretch 8-bit to 24-bit, / 2"};
 
-// Hills of light with grain, in three colours that mostly go together, as in a photograph.
 Source PaintSource(int width, int height) {
-  Source source = {width, height, {}, {}, {}};
-  uint32_t state = 1;
-  auto grain = [&state] {
-    state = state * 1664525 + 1013904223;
-    return static_cast<int>(state >> 24 & 15) - 8;
-  };
-  std::vector<double> across(static_cast<size_t>(width));
-  for (int y = 0; y < height; ++y) {
-    const double down = std::sin(y / 211.0) + 0.5 * std::sin(y / 37.0);
-    for (int x = 0; x < width; ++x) {
-      double& memory = across[static_cast<size_t>(x)];
-      if (y == 0) memory = std::sin(x / 157.0) + 0.4 * std::sin(x / 23.0);
-      const double light = 118 + 46 * memory * down + (memory + down > 1.1 ? 38 : 0);
-      const int tint[3] = {static_cast<int>(18 * down), 6, static_cast<int>(22 * memory)};
-      for (int part : tint) {
-        const int value = static_cast<int>(light) + part + grain();
-        source.Colors.push_back(static_cast<uint8_t>(value < 0 ? 0 : value > 255 ? 255 : value));
-      }
-    }
-  }
+  Source source = {width, height, bench::PaintPicture(width, height), {}, {}};
   // Three bits of red and green, two of blue.
   for (size_t i = 0; i < source.Colors.size(); i += 3) {
     const uint8_t* pixel = source.Colors.data() + i;
@@ -112,6 +81,8 @@ constexpr DitherWork kDitherWorks[] = {
     {kOrdered, kDitherOrdered, kDitherGrey, 0},
     {kHalftone, kDitherHalftone, kDitherGrey, 0},
     {kScreen, kDitherScreen, kDitherGrey, 0},
+    {kOrderedPlanes, kDitherOrdered, kDitherPlanes, 0},
+    {kHalftonePlanes, kDitherHalftone, kDitherPlanes, 0},
     {kScreenPlanes, kDitherScreen, kDitherPlanes, 0},
     {kFloydSteinberg, kDitherDiffusion, kDitherGrey, 0},
     {kJarvis, kDitherDiffusion, kDitherGrey, 1},
@@ -121,21 +92,11 @@ constexpr DitherWork kDitherWorks[] = {
 
 void MeasureDither(const Source& source, Results* results) {
   std::vector<uint8_t> pixels(source.Colors.size());
-  DitherColor colors[16];
-  for (int i = 0; i < 16; ++i) {
-    colors[i] = {kSixteenColors[i][0], kSixteenColors[i][1], kSixteenColors[i][2], 0};
-  }
   for (const DitherWork& work : kDitherWorks) {
     ImageDitherRecord record = {};
     ImageDither::SetImage(&record, pixels.data(), static_cast<uint32_t>(source.Width),
                           static_cast<uint32_t>(source.Height), 0);
-    ImageDither::SetPalette(&record, colors, 16);
-    ImageDither::SetColorMode(&record, work.Mode, false);
-    record.setup.method = work.Method;
-    record.setup.orderedSize = 2;
-    record.setup.halftoneSize = 3;
-    record.setup.screenIndex = 18;
-    record.setup.diffusionKind = work.Kind;
+    bench::SetUpDither(&record, work.Method, work.Kind, work.Mode, false);
     // It works in place, so that each run begins with the picture anew.
     auto restore = [&] { memcpy(pixels.data(), source.Colors.data(), pixels.size()); };
     results->push_back(

@@ -11,6 +11,7 @@
 #include "fuzz/FuzzModel.h"
 #include "platform/Files.h"
 #include "settings/DriverSession.h"
+#include "settings/StockPapers.h"
 #include "tests/support/TempDirectory.h"
 
 namespace {
@@ -54,6 +55,12 @@ class BenchSession {
       if (isChosen(kSectionOptionalFonts)) AddOptional(name);
     }
     Session.Stock.Normalize();
+    // Each preset is for a label size of its own, the later ones behind many others.
+    const StockItem* stock = Session.Stock.GetFirst()->GetNext();
+    for (PresetItem* item = Session.Presets.GetFirst(); item && stock; item = item->GetNext()) {
+      item->Block.SetStock(ToPaperForm(*stock));
+      stock = stock->GetNext();
+    }
   }
 
   DriverSession Session;
@@ -62,7 +69,7 @@ class BenchSession {
   void AddStock(const OString& name, int32_t width) {
     auto* item = new StockItem;
     item->Name = name;
-    item->Width = width;
+    item->Width = 10000 + width;
     Session.Stock.AddTail(item);
   }
   void AddPreset(const OString& name) {

@@ -5,12 +5,16 @@
 #include <string>
 #include <vector>
 
+#include "bench/DitherWork.h"
+
 namespace peers {
 
 enum Work {
   kOrdered,
   kHalftone,
   kScreen,
+  kOrderedPlanes,
+  kHalftonePlanes,
   kScreenPlanes,
   kFloydSteinberg,
   kJarvis,
@@ -41,8 +45,7 @@ struct Source {
   std::vector<uint8_t> Palette;  // of the indexes: 256 entries of blue, green, red, 0
 };
 
-// Sixteen colours: red, green, blue.
-extern const uint8_t kSixteenColors[16][3];
+using bench::kSixteenColors;
 
 struct Measured {
   Work What;
@@ -51,12 +54,9 @@ struct Measured {
 };
 using Results = std::vector<Measured>;
 
-// Of this thread: other programs on the machine count as little as they can.
-double ProcessorSeconds();
-
 // The best of several runs. `prepare` is not counted.
 template <typename Prepare, typename Run>
-double BestSeconds(Prepare prepare, Run run, double (*clock)() = ProcessorSeconds) {
+double BestSeconds(Prepare prepare, Run run, double (*clock)() = bench::ThreadSeconds) {
   double best = 1e9;
   double spent = 0;
   for (int i = 0; i < 3 || (spent < 0.4 && i < 200); ++i) {

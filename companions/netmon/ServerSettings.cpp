@@ -3,6 +3,7 @@
 #include "companions/netmon/ServerRegistry.h"
 #include "companions/netmon/Text.h"
 #include "core/Buffer.h"
+#include "core/HexDigit.h"
 #include "core/OStringArray.h"
 #include "platform/KeyStore.h"
 #include "store/SharedBranches.h"
@@ -25,16 +26,9 @@ bool FindChecksum(std::string_view known, const std::string& branch, uint32_t* c
   if (digits.size() < 8) return false;
   *checksum = 0;
   for (const char digit : digits) {
-    uint32_t value;
-    if (digit >= '0' && digit <= '9') {
-      value = static_cast<uint32_t>(digit - '0');
-    } else if (const char letter = static_cast<char>(digit | 0x20);
-               letter >= 'a' && letter <= 'f') {
-      value = static_cast<uint32_t>(letter - 'a' + 10);
-    } else {
-      return false;
-    }
-    *checksum = *checksum << 4 | value;
+    const int value = HexDigit(static_cast<unsigned char>(digit));
+    if (value < 0) return false;
+    *checksum = *checksum << 4 | static_cast<uint32_t>(value);
   }
   return true;
 }

@@ -6,6 +6,7 @@
 #include <chrono>
 #include <thread>
 
+#include "companions/netmon/CallLog.h"
 #include "companions/netmon/Environment.h"
 #include "companions/netmon/Faults.h"
 #include "companions/netmon/Transfer.h"
@@ -79,6 +80,7 @@ void WaitIfSlow(const std::string& fault) {
   const bool isTold = fault.size() > kSlow.size();
   const int delay = isTold ? atoi(fault.c_str() + kSlow.size() + 1) : kDelay;
   std::this_thread::sleep_for(std::chrono::milliseconds(delay));
+  LogCall("waited", std::to_string(delay));
 }
 
 struct Word {

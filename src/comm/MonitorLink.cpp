@@ -6,7 +6,7 @@
 #include "platform/Errors.h"
 #include "platform/Module.h"
 #include "store/PrinterId.h"
-#include "store/PrinterRegistry.h"
+#include "store/TrueStore.h"
 
 namespace ostvt {
 namespace {
@@ -20,9 +20,7 @@ constexpr int32_t kMonitorAnswered = 1;
 // Of a printer of this machine: the spooler's own word, so past the shadow route.
 bool IsLocalBidiEnabled(PrinterId& printer) {
   if (printer.Printer().IsRemote) return false;
-  PrinterRegistry store(printer);
-  store.SetShadowed(false);
-  return store.IsBidiEnabled();
+  return TrueStore(printer).IsBidiEnabled();
 }
 
 // An answer up to its end or to a zero byte.

@@ -1,7 +1,7 @@
 // The settings of a printer's server that the monitor works by.
 #include "comm/MonitorLink.h"
 #include "comm/XpmlText.h"
-#include "store/PrinterRegistry.h"
+#include "store/TrueStore.h"
 
 namespace ostvt {
 namespace {
@@ -17,14 +17,6 @@ constexpr char kAddress[] = "NETWORK:Server Address";
 constexpr int32_t kDefaultTcpPort = 6160;
 constexpr int32_t kDefaultTimeout = 1000;
 constexpr int32_t kDefaultRetries = 2;
-
-// This machine's own store of the printer.
-class TrueStore : public PrinterRegistry {
- public:
-  explicit TrueStore(const OString& printerName) : PrinterRegistry(printerName) {
-    SetShadowed(false);
-  }
-};
 
 }  // namespace
 

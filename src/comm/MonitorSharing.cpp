@@ -3,7 +3,7 @@
 #include "comm/SharedText.h"
 #include "comm/XpmlText.h"
 #include "store/PrinterId.h"
-#include "store/PrinterRegistry.h"
+#include "store/TrueStore.h"
 
 namespace ostvt {
 namespace {
@@ -13,13 +13,6 @@ constexpr char kUserSharing[] = "USER:Printers/[PRINTER]/Configuration Sharing";
 constexpr char kServerSharing[] = "SETTINGS:Configuration Sharing";
 
 constexpr int32_t kShares = 1;
-
-// This machine's own store, whatever the printer's settings are routed to.
-PrinterRegistry TrueStoreOf(const PrinterRegistry& store) {
-  PrinterRegistry own(store);
-  own.SetShadowed(false);
-  return own;
-}
 
 bool IsBlocked(const PrinterRegistry& own) { return own.ReadByte(kShadowBlocked, 0) == 1; }
 
@@ -32,8 +25,7 @@ bool TakesPart(const PrinterRegistry& own) {
 }  // namespace
 
 void MonitorLink::SetShadowBlocked(bool value) {
-  PrinterRegistry store(PrinterName);
-  store.SetShadowed(false);
+  TrueStore store(PrinterName);
   if (value) {
     store.WriteByte(kShadowBlocked, 1);
   } else {
@@ -42,7 +34,7 @@ void MonitorLink::SetShadowBlocked(bool value) {
 }
 
 bool MonitorLink::IsSharingInForce() {
-  const PrinterRegistry own = TrueStoreOf(PrinterRegistry(PrinterName));
+  const TrueStore own(PrinterName);
   if (own.IsRemote && !TakesPart(own)) return false;
   // Whoever turned communication off is not to wait for a monitor, here nor below.
   if (!GetNetworkCommunication()) return false;
@@ -51,7 +43,7 @@ bool MonitorLink::IsSharingInForce() {
 }
 
 bool MonitorLink::IsSharingPossible() {
-  const PrinterRegistry own = TrueStoreOf(PrinterRegistry(PrinterName));
+  const TrueStore own(PrinterName);
   if (!own.IsRemote) return own.IsBidiEnabled();
   return GetNetworkCommunication() && EnsureFresh() && ConfigurationSharing == kShares;
 }
@@ -59,8 +51,7 @@ bool MonitorLink::IsSharingPossible() {
 void MonitorLink::SetConfigurationSharing(bool value) {
   PrinterRegistry store(PrinterName);
   if (store.IsRemote) {
-    store.SetShadowed(false);
-    store.WriteByte(kUserSharing, value);
+    TrueStore(store).WriteByte(kUserSharing, value);
   } else {
     store.WriteByte(kServerSharing, value);
     ConfigurationSharing = value;
@@ -69,7 +60,7 @@ void MonitorLink::SetConfigurationSharing(bool value) {
 
 // What keeps the monitor from being asked at all.
 bool MonitorLink::IsExchangeOff(const PrinterRegistry& store) const {
-  return !store.IsShadowed || IsBlocked(TrueStoreOf(store)) || !GetNetworkCommunication();
+  return !store.IsShadowed || IsBlocked(TrueStore(store)) || !GetNetworkCommunication();
 }
 
 bool MonitorLink::PullShadow() {

@@ -85,7 +85,7 @@ void ShowHexadecimal(const Buffer& answer, std::u16string* view) {
 }  // namespace
 
 void MakeCommandBytes(const OString& text, Buffer* bytes) {
-  if (!(text.Left(static_cast<int>(kXpmlSize)) == kXpmlBegin)) {
+  if (!text.StartsWith(kXpmlBegin)) {
     PrinterModel::ExpandCommandText(text, bytes);
     return;
   }

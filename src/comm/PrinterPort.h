@@ -74,6 +74,7 @@ class PrinterPort {
   int32_t Capacity = 8192;
   int32_t Fill = 0;  // bytes waiting
   bool Capturing = false;
+  // As given to Bind, for a family's own port; this one doesn't use them.
   DriverSession* Owner = nullptr;
   platform::PrinterHandle OwnerPrinter = nullptr;
   bool InsideXpml = false;    // "<xpml>" stands, its end doesn't

@@ -2,6 +2,7 @@
 
 #include "core/ArchiveFile.h"
 #include "core/LZ77.h"
+#include "core/LittleEndian.h"
 #include "core/Memory.h"
 #include "platform/Clock.h"
 
@@ -35,11 +36,9 @@ constexpr uint32_t kSmallRecordSum = 65536;
 
 constexpr uint32_t kAttributeTemporary = 256;
 
-uint16_t WordAt(const uint8_t* record, uint32_t offset) {
-  return static_cast<uint16_t>(record[offset] | record[offset + 1] << 8);
-}
+uint16_t WordAt(const uint8_t* record, uint32_t offset) { return ReadLittleWord(record + offset); }
 uint32_t DwordAt(const uint8_t* record, uint32_t offset) {
-  return WordAt(record, offset) | static_cast<uint32_t>(WordAt(record, offset + 2)) << 16;
+  return ReadLittleDword(record + offset);
 }
 
 bool ReadRecord(ArchiveFile& file, uint32_t position, uint8_t* record, uint32_t size,

@@ -5,6 +5,8 @@
 
 #include <utility>
 
+#include "core/LittleEndian.h"
+
 namespace ostvt {
 namespace {
 
@@ -12,18 +14,10 @@ constexpr uint8_t kSignature[4] = {'Z', 'L', 'I', 'B'};
 constexpr int kRawWindowBits = -15;
 constexpr int kMemoryLevel = 8;
 
-void PutDword(uint8_t* target, uint32_t value) {
-  for (int i = 0; i < 4; ++i) target[i] = static_cast<uint8_t>(value >> 8 * i);
-}
-uint32_t GetDword(const uint8_t* source) {
-  return source[0] | static_cast<uint32_t>(source[1]) << 8 |
-         static_cast<uint32_t>(source[2]) << 16 | static_cast<uint32_t>(source[3]) << 24;
-}
-
 // The signature stands, and the stream is as long as the header says.
 bool IsFrame(const uint8_t* frame, uint32_t size) {
   return size >= LZ77::kFrameSize && memcmp(frame, kSignature, sizeof(kSignature)) == 0 &&
-         GetDword(frame + 8) == size - LZ77::kFrameSize;
+         ReadLittleDword(frame + 8) == size - LZ77::kFrameSize;
 }
 
 // Room for n bytes in framed form, whatever they are.
@@ -45,8 +39,8 @@ bool LZ77::Encode(const void* input, uint32_t inputLength, void* output, uint32_
   }
   if (packedSize > 0xFFFFFFFF - kFrameSize) return false;
   CopyBytes(frame, kSignature, sizeof(kSignature));
-  PutDword(frame + 4, inputLength);
-  PutDword(frame + 8, static_cast<uint32_t>(packedSize));
+  WriteLittleDword(frame + 4, inputLength);
+  WriteLittleDword(frame + 8, static_cast<uint32_t>(packedSize));
   *length = static_cast<uint32_t>(packedSize) + kFrameSize;
   return true;
 }
@@ -54,7 +48,7 @@ bool LZ77::Encode(const void* input, uint32_t inputLength, void* output, uint32_
 bool LZ77::Decode(const void* input, uint32_t inputLength, void* output, uint32_t* length) {
   const uint8_t* frame = static_cast<const uint8_t*>(input);
   if (!IsFrame(frame, inputLength)) return false;
-  const uint32_t plainSize = GetDword(frame + 4);
+  const uint32_t plainSize = ReadLittleDword(frame + 4);
   if (plainSize > *length) return false;
   uLongf delivered = *length;
   if (uncompress(static_cast<Bytef*>(output), &delivered, frame + kFrameSize,
@@ -122,7 +116,7 @@ bool LZ77::EncodeInPlace(Buffer* buffer) {
 bool LZ77::DecodeInPlace(Buffer* buffer) {
   // Looked at first, so that rubbish reserves nothing.
   if (!IsFrame(buffer->Data, buffer->Size)) return false;
-  const uint32_t plainSize = GetDword(buffer->Data + 4);
+  const uint32_t plainSize = ReadLittleDword(buffer->Data + 4);
   if (!IsPlausibleSize(plainSize, buffer->Size - kFrameSize)) return false;
   Buffer plain;
   plain.Resize(plainSize);

@@ -207,4 +207,15 @@ OString operator+(const char* a, const OString& b) {
   return sum;
 }
 
+OString CopyOfText(const OString& text) {
+  OString copy;
+  if (text.GetCodePage() != 0) copy.SetCodePage(text.GetCodePage());
+  if (text.HasWide()) {
+    copy = text.GetWide();
+  } else {
+    copy = text.GetNarrow();
+  }
+  return copy;
+}
+
 }  // namespace ostvt

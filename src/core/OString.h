@@ -95,6 +95,9 @@ class OString {
   int Compare(const OString& other) const;
   // The same with a-z folded to A-Z; no other letter is folded.
   int CompareNoCase(const OString& other) const;
+  // Every text begins with the empty one.
+  bool StartsWith(const OString& prefix) const;
+  bool StartsWithNoCase(const OString& prefix) const;  // folds as CompareNoCase does
   // "*" any run, "?" exactly one unit, case-sensitive, the whole string. No recursion.
   bool Match(const OString& pattern) const;
 
@@ -133,6 +136,7 @@ class OString {
   int Remove(char character);
   void TrimLeft(const OString& set);
   void TrimRight(const OString& set);
+  void Trim(const OString& set);  // at both ends
 
   // Blanks and tabs, one sign, digits; the rest is ignored. Saturates at kNumberLimit.
   int32_t ToInt() const;
@@ -181,5 +185,8 @@ OString operator+(const OString& a, const OString& b);
 OString operator+(const OString& a, char b);
 OString operator+(const OString& a, const char* b);
 OString operator+(const char* a, const OString& b);
+
+// A string with the same text and code page and a body of its own, fit for another thread.
+OString CopyOfText(const OString& text);
 
 }  // namespace ostvt

@@ -186,4 +186,10 @@ void OString::TrimRight(const OString& set) {
                        : CountKeptOnTheLeft(GetNarrow(), set.GetNarrow()));
 }
 
+void OString::Trim(const OString& set) {
+  const OString characters = set;  // may be this string's own text
+  TrimRight(characters);
+  TrimLeft(characters);
+}
+
 }  // namespace ostvt

@@ -28,6 +28,15 @@ int CompareTexts(const Unit* a, const Unit* b, Fold fold) {
   }
 }
 
+// A prefix that goes on where the text ends differs there: the text's terminator is no unit of it.
+template <typename Unit, typename Fold>
+bool Begins(const Unit* text, const Unit* prefix, Fold fold) {
+  for (; *prefix; ++text, ++prefix) {
+    if (fold(Bits(*text)) != fold(Bits(*prefix))) return false;
+  }
+  return true;
+}
+
 constexpr auto kAsIs = [](unsigned unit) { return unit; };
 
 // npos is the largest size_t, and no text is that long.
@@ -76,6 +85,16 @@ int OString::Compare(const OString& other) const {
 int OString::CompareNoCase(const OString& other) const {
   return NeedsWide(other) ? CompareTexts(GetWide(), other.GetWide(), Folded)
                           : CompareTexts(GetNarrow(), other.GetNarrow(), Folded);
+}
+
+bool OString::StartsWith(const OString& prefix) const {
+  return NeedsWide(prefix) ? Begins(GetWide(), prefix.GetWide(), kAsIs)
+                           : Begins(GetNarrow(), prefix.GetNarrow(), kAsIs);
+}
+
+bool OString::StartsWithNoCase(const OString& prefix) const {
+  return NeedsWide(prefix) ? Begins(GetWide(), prefix.GetWide(), Folded)
+                           : Begins(GetNarrow(), prefix.GetNarrow(), Folded);
 }
 
 bool OString::Match(const OString& pattern) const {

@@ -44,4 +44,10 @@ void ObjectList::ClearAll() {
   while (Head) delete Head;
 }
 
+int32_t ObjectList::GetCount() const {
+  int32_t count = 0;
+  for (const ListItem* item = Head; item; item = item->Next) ++count;
+  return count;
+}
+
 }  // namespace ostvt

@@ -4,6 +4,8 @@
 // the list's end delete them. Walk from Head through Next. One thread at a time.
 #pragma once
 
+#include <cstdint>
+
 namespace ostvt {
 
 class ObjectList;
@@ -37,6 +39,8 @@ class ObjectList {
   // The item is the caller's again. False, and nothing done, if it is not in this list.
   bool Detach(ListItem* item);
   void ClearAll();
+  // Walks the list.
+  int32_t GetCount() const;
 
   ListItem* Head = nullptr;
   ListItem* Tail = nullptr;

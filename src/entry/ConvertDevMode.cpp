@@ -1,9 +1,9 @@
 #include "entry/ConvertDevMode.h"
 
-#include <cstring>
 #include <memory>
 
 #include "core/Buffer.h"
+#include "core/LittleEndian.h"
 #include "core/OString.h"
 #include "entry/Exports.h"
 #include "model/PrinterModel.h"
@@ -11,7 +11,7 @@
 #include "settings/DevMode.h"
 #include "settings/DevModeRecord.h"
 #include "settings/InitialDevMode.h"
-#include "settings/OpenedPrinter.h"
+#include "store/OpenedPrinter.h"
 #include "store/PrinterId.h"
 #include "store/PrinterRegistry.h"
 
@@ -23,15 +23,12 @@ constexpr uint16_t kOldSpecVersion = 800;
 
 static_assert(offsetof(PublicDevMode, dmFields) == kDevModeHeadSize);
 
-// Callers' blocks have any alignment.
 uint16_t ReadWord(const void* block, size_t offset) {
-  uint16_t value;
-  memcpy(&value, static_cast<const uint8_t*>(block) + offset, sizeof value);
-  return value;
+  return ReadLittleWord(static_cast<const uint8_t*>(block) + offset);
 }
 
 void WriteWord(void* block, size_t offset, uint16_t value) {
-  memcpy(static_cast<uint8_t*>(block) + offset, &value, sizeof value);
+  WriteLittleWord(static_cast<uint8_t*>(block) + offset, value);
 }
 
 bool Fail(uint32_t error) {

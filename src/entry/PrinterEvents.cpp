@@ -2,13 +2,14 @@
 
 #include <memory>
 
+#include "comm/MonitorLink.h"
 #include "entry/Exports.h"
 #include "entry/PrinterFiles.h"
 #include "entry/SupportedSystem.h"
 #include "model/PrinterModel.h"
 #include "platform/Errors.h"
-#include "settings/OpenedPrinter.h"
 #include "settings/StoredDevMode.h"
+#include "store/OpenedPrinter.h"
 #include "store/PrinterId.h"
 #include "store/PrinterRegistry.h"
 
@@ -19,8 +20,6 @@ enum PrinterEvent : int32_t {
   kAddConnection = 1,
   kInitialize = 3,
 };
-
-constexpr uint32_t kDefaultTcpPort = 6160;
 
 bool TryUpgrade(const char16_t* printerName, const platform::SystemVersion& system,
                 uint32_t* error) {
@@ -68,7 +67,7 @@ bool PrinterCreated(const char16_t* printerName, const platform::SystemVersion& 
   bool upgraded = UpgradeStoredDevMode(printer.Handle(), printerId, model.get());
   InstallPrinterFiles(printer.Handle(), system);
   if (HasFirewall(system)) {
-    OpenFirewallPort(model->GetStore().ReadDword("NETWORK:TCP Port", kDefaultTcpPort));
+    OpenFirewallPort(static_cast<uint32_t>(MonitorLink(printerName).GetTcpPort()));
   }
   return upgraded;
 }

@@ -4,7 +4,7 @@
 #include "entry/X16Launch.h"
 #include "imaging/ImageDither.h"
 #include "imaging/ImageStretch.h"
-#include "settings/OpenedPrinter.h"
+#include "store/OpenedPrinter.h"
 
 using namespace ostvt;
 

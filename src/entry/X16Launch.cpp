@@ -5,7 +5,7 @@
 #include "model/PrinterModel.h"
 #include "settings/DriverSession.h"
 #include "settings/LaunchKey.h"
-#include "settings/OpenedPrinter.h"
+#include "store/OpenedPrinter.h"
 #include "store/PrinterId.h"
 #include "store/PrinterRegistry.h"
 

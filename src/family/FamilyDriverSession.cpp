@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "core/WhiteSpace.h"
 #include "family/OstrelModel.h"
 #include "family/U1Command.h"
 #include "settings/SessionActions.h"
@@ -11,7 +12,6 @@ namespace {
 
 constexpr int32_t kFileNameLimit = 128;
 constexpr std::u16string_view kNameCharacters = u"ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789.-_";
-constexpr char kWhiteSpace[] = " \t\r\n";
 
 // Texts.
 constexpr int32_t kWrongLength = 4450;
@@ -44,8 +44,7 @@ void FamilyDriverSession::GetFileNameRules(NameRules* record) {
 
 bool FamilyDriverSession::ValidateFileName(NameRequest* request) {
   OString name = request->value;
-  name.TrimLeft(kWhiteSpace);
-  name.TrimRight(kWhiteSpace);
+  name.Trim(kWhiteSpace);
   const std::u16string_view characters = name.GetWide();
   if (characters.empty() || characters.size() > kFileNameLimit) {
     request->caption = GetString(kRefusalCaption);

@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "core/LittleEndian.h"
 #include "core/OFile.h"
 #include "fonts/FontFields.h"
 
@@ -45,12 +46,13 @@ uint16_t DefaultFor(int32_t code) {
 bool ReadWord(OFile& file, uint16_t* word) {
   uint8_t bytes[2];
   if (file.Read(bytes, sizeof(bytes)) != sizeof(bytes)) return false;
-  *word = static_cast<uint16_t>(bytes[0] | bytes[1] << 8);
+  *word = ReadLittleWord(bytes);
   return true;
 }
 
 bool WriteWord(OStream& stream, uint16_t word) {
-  const uint8_t bytes[] = {static_cast<uint8_t>(word), static_cast<uint8_t>(word >> 8)};
+  uint8_t bytes[2];
+  WriteLittleWord(bytes, word);
   return stream.Write(bytes, sizeof(bytes)) == sizeof(bytes);
 }
 

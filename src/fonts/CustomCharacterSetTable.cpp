@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "core/OFile.h"
+#include "core/PathName.h"
 #include "fonts/CharacterSetFile.h"
 #include "fonts/FontRecords.h"
 #include "model/PrinterModel.h"
@@ -25,7 +26,7 @@ bool Write(ORegistry& store, const OString& key, const CustomCharacterSet& set) 
 }
 
 OString NameOfFile(const OString& path) {
-  OString name = path.Mid(path.ReverseFindOneOf("\\/") + 1);
+  OString name = NameOfPath(path);
   const int dot = name.ReverseFind('.');
   if (dot > 0) name.Truncate(dot);
   return name;

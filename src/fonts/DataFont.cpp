@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "core/WhiteSpace.h"
 #include "fonts/BarCodeFont.h"
 #include "fonts/RFIDFont.h"
 
@@ -42,10 +43,8 @@ void DataFont::CopyFrom(const DataFont& other) {
 }
 
 OString DataFont::CleanName(OString name) {
-  constexpr char kWhiteSpace[] = " \t\r\n";
   name.Remove('"');
-  name.TrimLeft(kWhiteSpace);
-  name.TrimRight(kWhiteSpace);
+  name.Trim(kWhiteSpace);
   return name;
 }
 

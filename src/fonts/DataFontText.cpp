@@ -1,9 +1,9 @@
 // Data fonts on their way between machines: text records, and the older binary files of bar codes.
-#include <cstring>
 #include <utility>
 
 #include "core/OFile.h"
 #include "core/PackedText.h"
+#include "core/RecordFile.h"
 #include "fonts/BarCodeFont.h"
 #include "fonts/DataFontTable.h"
 #include "fonts/FontText.h"
@@ -19,8 +19,7 @@ constexpr char kRfidKind[] = "RFID";
 constexpr char kName[] = "Name";
 constexpr char kData[] = "Data";
 
-constexpr char kBinarySignature[] = {'S', 'B', 'F', '1'};
-constexpr uint32_t kLargestRecord = 65536;
+constexpr char kBinarySignature[] = "SBF1";
 
 int32_t WriteFonts(OStream& stream, const DataFontTable& table, const char* kind, bool rfid) {
   FontTextWriter writer(stream);
@@ -117,21 +116,13 @@ int32_t DataFontTable::ReadRfidText(OFile& stream, PrinterModel* model) {
 }
 
 int32_t DataFontTable::ReadBinary(OFile& stream, PrinterModel* model) {
-  char signature[sizeof(kBinarySignature)];
-  uint32_t size = 0;
-  if (!model || stream.Read(signature, sizeof(signature)) != sizeof(signature) ||
-      memcmp(signature, kBinarySignature, sizeof(signature)) != 0 ||
-      stream.Read(&size, sizeof(size)) != sizeof(size) || size < kLeastDataFontBlob ||
-      size > kLargestRecord) {
-    return 0;
-  }
+  if (!model) return 0;
+  RecordFile file(stream, kBinarySignature, kLeastDataFontBlob);
   Intake taking(this, model);
-  Buffer record;
-  record.Resize(size);
   int32_t count = 0;
-  while (stream.Read(record.Data, size) == size) {
+  while (file.Next()) {
     auto font = std::make_unique<BarCodeFont>();
-    if (!font->SetBlob(record.Data, size)) continue;
+    if (!font->SetBlob(file.Record.Data, file.Record.Size)) continue;
     OString name;
     name.AssignCount(font->Header.Name, kDataFontNameSize);
     font->SetName(name);

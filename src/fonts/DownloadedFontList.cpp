@@ -1,5 +1,6 @@
 #include "fonts/DownloadedFontList.h"
 
+#include "core/WhiteSpace.h"
 #include "fonts/FontRecords.h"
 
 namespace ostvt {
@@ -10,11 +11,9 @@ bool SameTable(const WordArray& a, const WordArray& b) {
 }
 
 OString BaseName(const OString& fileName) {
-  constexpr char kWhiteSpace[] = " \t\r\n";
   const int point = fileName.Find('.');
   OString name = point >= 0 ? fileName.Left(point) : fileName;
-  name.TrimLeft(kWhiteSpace);
-  name.TrimRight(kWhiteSpace);
+  name.Trim(kWhiteSpace);
   return name;
 }
 

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <string>
 
+#include "core/HexDigit.h"
 #include "model/RecordText.h"
 
 namespace ostvt {
@@ -15,8 +16,7 @@ constexpr double kLargestRatio = 40;
 constexpr int kExponentLimit = 400;  // beyond any double
 
 OString Stripped(OString text, const char* set) {
-  text.TrimLeft(set);
-  text.TrimRight(set);
+  text.Trim(set);
   return text;
 }
 
@@ -107,14 +107,6 @@ OString TenthsText(uint64_t tenths) {
 }
 
 OString PercentOfTenths(uint64_t tenths) { return TenthsText(tenths) + "%"; }
-
-// -1 for what is no hexadecimal digit.
-int HexDigit(char16_t c) {
-  if (c >= u'0' && c <= u'9') return c - u'0';
-  if (c >= u'A' && c <= u'F') return c - u'A' + 10;
-  if (c >= u'a' && c <= u'f') return c - u'a' + 10;
-  return -1;
-}
 
 }  // namespace
 

@@ -28,7 +28,6 @@ DitherScreen GetDitherScreen(int32_t index);
 // or a screen's sum, which lies between -Scale and Scale.
 class DitherPattern {
  public:
-  DitherPattern() = default;
   explicit DitherPattern(const ImageDitherRecord& record);
 
   int32_t LevelAt(int32_t x, int32_t y) const {
@@ -63,7 +62,7 @@ class DitherPattern {
     return WrapAdd(column, row) % Screen.C;
   }
 
-  const uint8_t* Entries = nullptr;
+  const uint8_t* Entries;
   int32_t Factor = 0;
 };
 

@@ -26,15 +26,4 @@ void CloseCaches() {
 ArchiveCache* TheArchiveCache() { return archiveCache; }
 RecordCache* TheRecordCache() { return recordCache; }
 
-OString CopyOfText(const OString& text) {
-  OString copy;
-  if (text.GetCodePage() != 0) copy.SetCodePage(text.GetCodePage());
-  if (text.HasWide()) {
-    copy = text.GetWide();
-  } else {
-    copy = text.GetNarrow();
-  }
-  return copy;
-}
-
 }  // namespace ostvt

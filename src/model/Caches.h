@@ -5,8 +5,6 @@
 // paths are kept as copies of their text.
 #pragma once
 
-#include "core/OString.h"
-
 namespace ostvt {
 
 class ArchiveCache;
@@ -20,8 +18,5 @@ void CloseCaches();
 // Null while the caches are not open: nothing is then cached, and no archive is read.
 ArchiveCache* TheArchiveCache();
 RecordCache* TheRecordCache();
-
-// A string with the same text and code page and a body of its own, fit for another thread.
-OString CopyOfText(const OString& text);
 
 }  // namespace ostvt

@@ -20,7 +20,7 @@ class Builder : private SectionReader {
   void ReadDefaultFont(const OString& prefix, DefaultFontRecord* font);
 
  private:
-  bool StartsWithLines(const char* key) { return Definition.GetStringEx(key).Left(5) == "Lines"; }
+  bool StartsWithLines(const char* key) { return Definition.GetStringEx(key).StartsWith("Lines"); }
   uint16_t ReadLineFlags();
   uint16_t ReadBoxFlags();
   uint16_t ReadFeatureFlags();

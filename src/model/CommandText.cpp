@@ -2,17 +2,11 @@
 #include <string>
 #include <string_view>
 
+#include "core/HexDigit.h"
 #include "model/PrinterModel.h"
 
 namespace ostvt {
 namespace {
-
-int DigitOf(char16_t unit) {
-  if (unit >= u'0' && unit <= u'9') return unit - u'0';
-  if (unit >= u'a' && unit <= u'f') return unit - u'a' + 10;
-  if (unit >= u'A' && unit <= u'F') return unit - u'A' + 10;
-  return -1;
-}
 
 // What stands at the head of `text` means one byte: how many units it has. 0: it means itself.
 size_t TakeEscape(std::u16string_view text, uint8_t* byte) {
@@ -35,8 +29,8 @@ size_t TakeEscape(std::u16string_view text, uint8_t* byte) {
       return 2;
     case u'x': {
       if (text.size() < 4) return 0;
-      const int high = DigitOf(text[2]);
-      const int low = DigitOf(text[3]);
+      const int high = HexDigit(text[2]);
+      const int low = HexDigit(text[3]);
       if (high < 0 || low < 0) return 0;
       *byte = static_cast<uint8_t>(high * 16 + low);
       return 4;

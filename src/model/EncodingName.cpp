@@ -12,13 +12,9 @@ constexpr std::string_view kIsoNumberPrefix = "ISO-";
 constexpr std::string_view kUnicodePrefix = "UTF-";
 constexpr uint8_t kUnicodeCharset = 1;
 
-bool BeginsWith(const OString& name, std::string_view prefix) {
-  return name.Left(static_cast<int>(prefix.size())).CompareNoCase(prefix.data()) == 0;
-}
-
 // The number behind `prefix`, if nothing but digits stands there.
 bool NumberBehind(const OString& name, std::string_view prefix, uint32_t* number) {
-  if (!BeginsWith(name, prefix)) return false;
+  if (!name.StartsWithNoCase(prefix.data())) return false;
   const OString digits = name.Mid(static_cast<int>(prefix.size()));
   const std::u16string_view text = digits.GetWide();
   if (text.empty() || text.find_first_not_of(u"0123456789") != text.npos) return false;
@@ -56,7 +52,7 @@ int CharsetOfEncoding(const EncodingName& parsed, const OString& name) {
 void CharsetsOfEncodings(const OStringArray& encodings, ByteArray* charsets) {
   charsets->SetSize(0);
   for (int32_t i = 0; i < encodings.Count; ++i) {
-    if (BeginsWith(encodings[i], kUnicodePrefix)) {
+    if (encodings[i].StartsWithNoCase(kUnicodePrefix.data())) {
       charsets->SetSize(0);
       charsets->Add(kUnicodeCharset);
       return;

@@ -6,6 +6,7 @@
 
 #include "core/MulDivRound.h"
 #include "core/OStringArray.h"
+#include "core/WhiteSpace.h"
 
 namespace ostvt {
 namespace {
@@ -28,7 +29,7 @@ constexpr Unit kMil = {254, 0, 254, false};
 constexpr Unit kPoint = {kUnitsPerInch, 3, 254, true};
 
 const Unit* FindUnit(const OString& word) {
-  if (word.Left(2).CompareNoCase("in") == 0) return &kInch;
+  if (word.StartsWithNoCase("in")) return &kInch;
   if (word.CompareNoCase("mm") == 0) return &kMillimetre;
   if (word.CompareNoCase("cm") == 0) return &kCentimetre;
   if (word.CompareNoCase("mils") == 0) return &kMil;
@@ -83,11 +84,10 @@ int32_t Measure::ToTenthsMm() const { return MulDivRound(Value, 1, 1000); }
 Measure Measure::Parse(const OString& text) {
   OString number;
   number = text.GetNarrow();
-  number.TrimLeft(" \t\r\n");
-  number.TrimRight(" \t\r\n");
+  number.Trim(kWhiteSpace);
   const auto length = static_cast<int>(strspn(number.GetNarrow(), "+-.0123456789"));
   OString word = number.Mid(length);
-  word.TrimLeft(" \t\r\n");
+  word.TrimLeft(kWhiteSpace);
   number.Truncate(length);
   const Unit* unit = FindUnit(word);
   if (number.IsEmpty() || !unit) return Measure();

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "core/OStringArray.h"
+#include "core/WhiteSpace.h"
 
 namespace ostvt {
 namespace {
@@ -28,8 +29,7 @@ bool IsListed(const OString& list, const OString& name) {
   members.Split(list, ";");
   for (int32_t i = 0; i < members.Count; ++i) {
     OString pattern = members[i];
-    pattern.TrimLeft(" \t\r\n");
-    pattern.TrimRight(" \t\r\n");
+    pattern.Trim(kWhiteSpace);
     pattern.MakeUpper();
     if (wanted.Match(pattern)) return true;
   }

@@ -95,7 +95,9 @@ class ModelDefinition : public DefinitionFile {
   // The driver options as the pages of a session see them, with edits that the store doesn't have
   // yet; see DriverOptions.
   StringMap OptionCache;
-  platform::Lock OptionLock;  // held for each access; no other lock of ours is taken under it
+  // Held for each access. A transaction of the store may be opened under it, never the other way
+  // round; no other lock of ours is taken under it.
+  platform::Lock OptionLock;
 
  private:
   template <typename Record>

@@ -4,6 +4,8 @@
 #include <array>
 #include <cstring>
 
+#include "core/LittleEndian.h"
+
 namespace ostvt {
 namespace {
 
@@ -29,24 +31,18 @@ constexpr CrcTables MakeCrcTables() {
 
 constexpr CrcTables kCrc = MakeCrcTables();
 
-uint32_t LittleEndian(const char* text) {
-  uint32_t value;
-  memcpy(&value, text, sizeof value);
-  return value;
-}
-
-// Both machines that this runs on are little-endian. The terminator counts too.
+// The terminator counts too.
 uint32_t HashText(const char* text, size_t size) {
   uint32_t crc = 0xFFFFFFFF;
   for (; size >= 8; text += 8, size -= 8) {
-    const uint32_t low = crc ^ LittleEndian(text);
-    const uint32_t high = LittleEndian(text + 4);
+    const uint32_t low = crc ^ ReadLittleDword(text);
+    const uint32_t high = ReadLittleDword(text + 4);
     crc = kCrc[7][low & 0xFF] ^ kCrc[6][low >> 8 & 0xFF] ^ kCrc[5][low >> 16 & 0xFF] ^
           kCrc[4][low >> 24] ^ kCrc[3][high & 0xFF] ^ kCrc[2][high >> 8 & 0xFF] ^
           kCrc[1][high >> 16 & 0xFF] ^ kCrc[0][high >> 24];
   }
   if (size >= 4) {
-    const uint32_t low = crc ^ LittleEndian(text);
+    const uint32_t low = crc ^ ReadLittleDword(text);
     crc = kCrc[3][low & 0xFF] ^ kCrc[2][low >> 8 & 0xFF] ^ kCrc[1][low >> 16 & 0xFF] ^
           kCrc[0][low >> 24];
     text += 4;

@@ -1,7 +1,9 @@
 // The spooler's questions, by number.
 #include <algorithm>
 
+#include "core/LittleEndian.h"
 #include "core/Memory.h"
+#include "model/DevModeLayout.h"
 #include "model/PaperSource.h"
 #include "model/PrinterModel.h"
 
@@ -23,16 +25,7 @@ constexpr int32_t kPaperNameUnits = 64;
 constexpr int32_t kBinNameUnits = 24;
 constexpr int32_t kPersonalityUnits = 32;
 
-// Answers to the header questions without a device mode.
-constexpr int32_t kPublicDevModeSize = 220;
-constexpr int32_t kDevModeExtra = 1296;
-constexpr int32_t kDevModeSpecVersion = 1025;
 constexpr int32_t kDevModeDriverVersion = kDriverInfoValue1 << 8 | kDriverInfoValue2;
-// Where they stand in one.
-constexpr int32_t kSpecVersionOffset = 64;
-constexpr int32_t kDriverVersionOffset = 66;
-constexpr int32_t kSizeOffset = 68;
-constexpr int32_t kDriverExtraOffset = 70;
 
 // Caller's buffers have no alignment to rely on.
 template <typename T>
@@ -58,9 +51,7 @@ void PutName(void* output, int32_t slot, int32_t slotUnits, const OString& name)
 
 int32_t HeaderWord(const void* devMode, int32_t offset, int32_t defaultValue) {
   if (!devMode) return defaultValue;
-  uint16_t word = 0;
-  CopyBytes(&word, static_cast<const uint8_t*>(devMode) + offset, sizeof word);
-  return word;
+  return ReadLittleWord(static_cast<const uint8_t*>(devMode) + offset);
 }
 
 int32_t Extent(Measure x, Measure y, void* output) {

@@ -7,6 +7,18 @@
 
 namespace ostvt {
 
+// Below "Settings:". Each counts as 0 where it isn't stored.
+inline constexpr char kOptionDisableCopiesLimit[] = "Disable Copies Limit";
+inline constexpr char kOptionOverride[] = "Specifications/Override";
+inline constexpr char kOptionXResolution[] = "Specifications/X Resolution";
+inline constexpr char kOptionYResolution[] = "Specifications/Y Resolution";
+inline constexpr char kOptionPrintableWidth[] = "Specifications/Printable Width";
+inline constexpr char kOptionTracking[] = "Specifications/Tracking";
+inline constexpr char kOptionMinimumPageWidth[] = "Specifications/Minimum Page Width";
+inline constexpr char kOptionMaximumPageWidth[] = "Specifications/Maximum Page Width";
+inline constexpr char kOptionMinimumPageLength[] = "Specifications/Minimum Page Length";
+inline constexpr char kOptionMaximumPageLength[] = "Specifications/Maximum Page Length";
+
 struct SpecificationOptions {
   bool Override = false;    // the figures below stand in for the model's
   int32_t ResolutionX = 0;  // dots per inch; 0 or less: not given
@@ -21,5 +33,9 @@ struct SpecificationOptions {
 };
 
 SpecificationOptions ReadSpecificationOptions(const PrinterRegistry& store);
+
+// True if what is kept of a model is made from the value or key `path` below "Settings:", or from
+// one below it: whoever changes it invalidates the model. Case is ignored.
+bool IsModelOption(const OString& path);
 
 }  // namespace ostvt

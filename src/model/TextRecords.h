@@ -15,7 +15,7 @@ class TextRecordReader {
   enum class Line { kOpening, kValue, kClosing, kEnd };
 
   // Reads the whole file, from its start, for the records that are meant for `model`. A null model
-  // takes those that are meant for all.
+  // takes those that are meant for all. `stream` is borrowed and must outlive the reader.
   TextRecordReader(OFile& stream, const char* kind, PrinterModel* model);
   TextRecordReader(const TextRecordReader&) = delete;
   TextRecordReader& operator=(const TextRecordReader&) = delete;
@@ -25,6 +25,7 @@ class TextRecordReader {
   // Behind an opening line: the record isn't wanted, and its lines don't count.
   void Skip() { IsInside = false; }
 
+  // These hold until the next Next.
   OString Text;  // the line
   // Of a line with a value; split at the first "=", which isn't the line's first character.
   OString Key;

@@ -7,6 +7,8 @@ namespace ostvt::platform {
 
 // Milliseconds since the system started, modulo 2^32.
 uint32_t TickCount();
+// The system's, for TickCount alone.
+uint32_t SystemTickCount();
 // From here on TickCount() asks `source`; null gives the system its say again. Not while another
 // thread may ask.
 void SetTickSourceForTests(uint32_t (*source)());

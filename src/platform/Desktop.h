@@ -13,6 +13,9 @@ void* DesktopWindow();
 // Nothing without a desktop. By the function set last, else by the system.
 void ShowMessage(const char16_t* text);
 
+// The system's, for ShowMessage alone: a text.
+void ShowSystemMessage(const char16_t* text);
+
 // For tests, which nobody watches: takes the place of the system, desktop or not, until null is
 // set. Gives the one before, null for the system's. Not to be called while others show something.
 using MessageFunction = void (*)(const char16_t* text);

@@ -16,6 +16,8 @@ struct UserLocale {
 };
 
 UserLocale GetUserLocale();
+// The system's, for GetUserLocale alone.
+UserLocale GetSystemLocale();
 
 // For tests: takes the place of the system's until null is set; borrowed until then. Not to be
 // called while others ask.

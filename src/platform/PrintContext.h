@@ -15,6 +15,10 @@ using EscapeFunction = int (*)(PrintContext context, int escape, const void* inp
 int SendEscape(PrintContext context, int escape, const void* input, int inputSize, void* output,
                int outputSize);
 
+// The system's, for SendEscape alone: a context, and no negative sizes.
+int SendSystemEscape(PrintContext context, int escape, const void* input, int inputSize,
+                     void* output, int outputSize);
+
 // For tests: takes the place of the system until null is set. Gives the one before, null for the
 // system's. It is called with null contexts too. Not to be called while others send.
 EscapeFunction SetEscapeFunction(EscapeFunction function);

@@ -13,6 +13,9 @@ inline constexpr int kShowNormal = 1;
 // system.
 bool StartProgram(const char16_t* commandLine, int showState, const char16_t* directory = nullptr);
 
+// The system's, for StartProgram alone: a command line that isn't empty.
+bool StartSystemProgram(const char16_t* commandLine, int showState, const char16_t* directory);
+
 // For tests, which start nothing: takes the place of the system until null is set. Gives the one
 // before, null for the system's. Not to be called while others start something.
 using StartFunction = bool (*)(const char16_t* commandLine, int showState,

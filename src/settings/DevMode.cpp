@@ -120,6 +120,12 @@ void DevMode::SetFormName(const OString& name) {
   WritePublic(offsetof(PublicDevMode, dmFormName), field, sizeof(field));
 }
 
+OString DevMode::GetFormName() const {
+  char16_t name[32 + 1] = {};
+  ReadPublic(offsetof(PublicDevMode, dmFormName), name, sizeof(PublicDevMode::dmFormName));
+  return OString(name);
+}
+
 void DevMode::CopyFormName(const DevMode& other) {
   char16_t field[32] = {};
   other.ReadPublic(offsetof(PublicDevMode, dmFormName), field, sizeof(field));

@@ -113,6 +113,8 @@ class DevMode {
   }
   // At most 32 units, zero-filled.
   void SetFormName(const OString& name);
+  // What lies of it, to its terminator.
+  OString GetFormName() const;
   // What lies of the other's form name, to its terminator; the rest is zero.
   void CopyFormName(const DevMode& other);
   // Bits of dmFields.

@@ -6,17 +6,6 @@
 namespace ostvt {
 namespace {
 
-constexpr uint32_t kHeadSize = 8;  // signature and length
-constexpr char kSignature[] = "DM32";
-
-bool HasFormName(const DevMode& block) {
-  constexpr uint32_t kOffset = offsetof(PublicDevMode, dmFormName);
-  char16_t first = 0;
-  if (block.GetPublicSize() >= kOffset + sizeof(first))
-    memcpy(&first, block.GetBlock() + kOffset, sizeof(first));
-  return first != 0;
-}
-
 // What a block in a file says about the printer that it was written for: here it is another one's,
 // on purpose.
 void FitToTarget(DevMode* block, const DevMode& target, bool hasPapers) {
@@ -25,8 +14,8 @@ void FitToTarget(DevMode* block, const DevMode& target, bool hasPapers) {
   if (block->GetSize() >= kNameSize && target.GetSize() >= kNameSize)
     memcpy(block->GetBlock(), target.GetBlock(), kNameSize);
   // Numbers of papers mean other ones on another printer, names do not.
-  if (hasPapers && block->HasFields(kFieldPaperSize | kFieldFormName) && HasFormName(*block) &&
-      block->Get(&PublicDevMode::dmPaperSize) > kUserPaperId) {
+  if (hasPapers && block->HasFields(kFieldPaperSize | kFieldFormName) &&
+      !block->GetFormName().IsEmpty() && block->Get(&PublicDevMode::dmPaperSize) > kUserPaperId) {
     block->ChangeFields(kFieldPaperSize, 0);
   }
 }
@@ -35,23 +24,23 @@ void FitToTarget(DevMode* block, const DevMode& target, bool hasPapers) {
 
 void WriteDevModeBlob(const DevMode& devMode, Buffer* blob) {
   const uint32_t length = devMode.GetSize();
-  blob->Resize(length == 0 ? 0 : kHeadSize + length);
+  blob->Resize(length == 0 ? 0 : kDevModeBlobHead + length);
   if (length == 0) return;
-  memcpy(blob->Data, kSignature, 4);
+  memcpy(blob->Data, kDevModeBlobSignature, 4);
   memcpy(blob->Data + 4, &length, sizeof(length));
-  devMode.CopyTo(blob->Data + kHeadSize, length);
+  devMode.CopyTo(blob->Data + kDevModeBlobHead, length);
 }
 
 bool ReadDevModeBlob(const void* blob, uint32_t size, PrinterModel* model, DevMode* target,
                      PaperResolver* papers) {
-  if (!blob || size < kHeadSize) return false;
+  if (!blob || size < kDevModeBlobHead) return false;
   const auto* bytes = static_cast<const uint8_t*>(blob);
-  if (memcmp(bytes, kSignature, 2) != 0) return false;
+  if (memcmp(bytes, kDevModeBlobSignature, kDevModeBlobMark) != 0) return false;
   uint32_t length = 0;
   memcpy(&length, bytes + 4, sizeof(length));
-  length = std::min(length, size - kHeadSize);
-  const uint8_t* block = bytes + kHeadSize;
-  if (memcmp(bytes, kSignature, 4) == 0) {
+  length = std::min(length, size - kDevModeBlobHead);
+  const uint8_t* block = bytes + kDevModeBlobHead;
+  if (memcmp(bytes, kDevModeBlobSignature, 4) == 0) {
     Buffer copy;
     copy.Resize(length);
     CopyBytes(copy.Data, block, length);

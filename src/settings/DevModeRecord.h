@@ -10,6 +10,7 @@
 #include <cstdint>
 
 #include "imaging/DitherSetup.h"
+#include "model/DevModeLayout.h"
 
 namespace ostvt {
 
@@ -238,12 +239,17 @@ inline constexpr uint16_t kDarknessInPercent = 0x80;
 // dmPaperSize of the form whose size follows the device mode.
 inline constexpr int16_t kUserPaperId = 256;
 
+// The model's answers know these too.
+static_assert(kPublicSize == kPublicDevModeSize);
+static_assert(kDriverExtra == kDevModeExtra);
+static_assert(kSpecVersion == kDevModeSpecVersion);
+
 static_assert(sizeof(PublicDevMode) == kPublicSize);
 static_assert(offsetof(PublicDevMode, dmDeviceName) == 0);
-static_assert(offsetof(PublicDevMode, dmSpecVersion) == 64);
-static_assert(offsetof(PublicDevMode, dmDriverVersion) == 66);
-static_assert(offsetof(PublicDevMode, dmSize) == 68);
-static_assert(offsetof(PublicDevMode, dmDriverExtra) == 70);
+static_assert(offsetof(PublicDevMode, dmSpecVersion) == kSpecVersionOffset);
+static_assert(offsetof(PublicDevMode, dmDriverVersion) == kDriverVersionOffset);
+static_assert(offsetof(PublicDevMode, dmSize) == kSizeOffset);
+static_assert(offsetof(PublicDevMode, dmDriverExtra) == kDriverExtraOffset);
 static_assert(offsetof(PublicDevMode, dmFields) == 72);
 static_assert(offsetof(PublicDevMode, dmOrientation) == 76);
 static_assert(offsetof(PublicDevMode, dmPaperSize) == 78);

@@ -5,6 +5,7 @@
 #include "model/Caches.h"
 #include "model/ModelDefinition.h"
 #include "model/PrinterModel.h"
+#include "model/SpecificationOptions.h"
 #include "platform/KeyStore.h"
 #include "platform/Lock.h"
 #include "store/PrinterRegistry.h"
@@ -92,11 +93,6 @@ bool WriteEdit(PrinterRegistry& store, const StringMap& cache, const Edit& edit)
   }
 }
 
-// True if the model's figures depend on it.
-bool IsSpecification(const OString& key) {
-  return key.Find("Specifications/") == 0 || key == "Disable Copies Limit";
-}
-
 }  // namespace
 
 char16_t DriverOptions::GetFunctionCharacter() const {
@@ -159,7 +155,7 @@ bool DriverOptions::Commit() {
     for (const Edit& edit : edits) {
       if (!writing.IsOpen()) break;
       if (!WriteEdit(definition.Store, cache, edit)) done = false;
-      changesModel = changesModel || IsSpecification(edit.Key);
+      changesModel = changesModel || IsModelOption(edit.Key);
     }
     if (done) done = writing.Commit();
     if (!done) {

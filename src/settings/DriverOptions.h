@@ -82,8 +82,9 @@ class DriverOptions {
   void SetNumber(DriverOption option, int32_t value);
   void SetText(DriverOption option, const OString& value);
 
-  // Writes what was set and not written yet. Where options changed that the model's figures depend
-  // on, the model is invalidated. False if the store did not take all of it: the next call tries
+  // Writes what was set and not written yet, in a transaction of the store that is held under the
+  // cache's lock. Where options changed that the model is made from, the model is invalidated,
+  // behind both. False if the store did not take all of it: the next call tries
   // again.
   bool Commit();
   // Drops what is cached, with edits that were not committed. The next reads ask the store.
@@ -93,7 +94,8 @@ class DriverOptions {
   // `modelName`. False, with nothing written, without a model.
   bool ExportText(OStream& stream, const OString& modelName) const;
   // Applies each block of the whole file that is meant for this printer; see
-  // MatchesModelAttributes. Edits that were not committed give way. True if there was one.
+  // MatchesModelAttributes. Edits that were not committed give way, and the model is invalidated as
+  // by Commit. True if there was one that the store took.
   bool ImportText(OFile& stream, const OString& modelName, const OString& modelId);
 
  private:

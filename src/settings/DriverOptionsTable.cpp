@@ -1,5 +1,7 @@
 #include "settings/DriverOptionsTable.h"
 
+#include "model/SpecificationOptions.h"
+
 namespace ostvt {
 namespace {
 
@@ -16,17 +18,17 @@ constexpr DriverOptionRow Text(const char* key) { return {key, DriverOptionKind:
 // In the order of DriverOption.
 constexpr DriverOptionRow kRows[] = {
     {"Function Character", DriverOptionKind::kCharacter, 0, "^"},
-    Flag("Disable Copies Limit", 0),
+    Flag(kOptionDisableCopiesLimit, 0),
     Flag("Data Fonts/Office Compatibility", 1),
-    Flag("Specifications/Override", 0),
-    Number("Specifications/X Resolution", 0),
-    Number("Specifications/Y Resolution", 0),
-    Number("Specifications/Printable Width", 0),
-    Number("Specifications/Tracking", 0),
-    Number("Specifications/Minimum Page Width", 0),
-    Number("Specifications/Maximum Page Width", 0),
-    Number("Specifications/Minimum Page Length", 0),
-    Number("Specifications/Maximum Page Length", 0),
+    Flag(kOptionOverride, 0),
+    Number(kOptionXResolution, 0),
+    Number(kOptionYResolution, 0),
+    Number(kOptionPrintableWidth, 0),
+    Number(kOptionTracking, 0),
+    Number(kOptionMinimumPageWidth, 0),
+    Number(kOptionMaximumPageWidth, 0),
+    Number(kOptionMinimumPageLength, 0),
+    Number(kOptionMaximumPageLength, 0),
     Flag("Logging/Logging", 0),
     Flag("Logging/Overwrite Files", 0),
     Flag("Logging/Print Code Recording", 0),

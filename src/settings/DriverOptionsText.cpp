@@ -1,8 +1,9 @@
 // The driver options on their way between machines: the text of the branch "Settings:" in a record
 // of its own, its keys named from the neutral "DATA:" on.
 #include "core/OFile.h"
-#include "model/ModelAttributes.h"
+#include "model/BranchRecords.h"
 #include "model/PrinterModel.h"
+#include "model/SpecificationOptions.h"
 #include "platform/KeyStore.h"
 #include "settings/DriverOptions.h"
 #include "store/BranchSections.h"
@@ -14,16 +15,9 @@ namespace {
 
 using platform::KeyStoreTransaction;
 
-constexpr char kOpening[] = "<options";
-constexpr char kClosing[] = "</options>";
+constexpr char kRecord[] = "options";
 constexpr char kSettings[] = "Settings:";
 constexpr char kNeutralRoot[] = "DATA:";
-constexpr char kWhiteSpace[] = " \t\r\n";
-
-void WriteLine(OStream& stream, const OString& line) {
-  stream.WriteString(line);
-  stream.WriteNewLine();
-}
 
 // A list of names ends at a quote and is parted by ";": "?" stands for either.
 OString AttributeOf(OString modelName) {
@@ -32,36 +26,50 @@ OString AttributeOf(OString modelName) {
   return modelName;
 }
 
-// True if the lines may change an option that the model's figures depend on.
-bool ConcernsModel(const OStringArray& lines) {
+// `key`, which is "Settings:" or lies below it, from there on.
+OString BelowSettings(const PrinterRegistry& store, OString key) {
+  OString root = kSettings;
+  OString none;
+  if (!store.SplitPath(&root, &none) || !store.SplitPath(&key, &none)) return {};
+  root.TrimRight("/");
+  key.TrimRight("/");
+  return key.Mid(root.Length() + 1);
+}
+
+// True if the lines, all of them of "Settings:", may change an option that the model is made from.
+bool ConcernsModel(const PrinterRegistry& store, const OStringArray& lines) {
+  OString section;
   for (int32_t i = 0; i < lines.Count; ++i) {
     const BranchLine line(lines[i]);
     BranchHeader header;
     BranchValue value;
     if (ParseBranchHeader(line.Text, &header)) {
-      header.Key.MakeUpper();
-      if (header.IsDeletion || header.Key.Find("/SPECIFICATIONS") >= 0) return true;
+      section = BelowSettings(store, header.Key);
+      if (header.IsDeletion && (section.IsEmpty() || IsModelOption(section))) return true;
     } else if (ParseBranchValue(line.Text, &value)) {
-      for (const char* name : {"Disable Copies Limit", "Unprintable Width"}) {
-        if (value.Name.CompareNoCase(name) == 0) return true;
-      }
+      if (IsModelOption(section.IsEmpty() ? value.Name : section + "/" + value.Name)) return true;
     }
   }
   return false;
 }
 
-// Applies a record's lines, all or, where the store can do that, none. False if it took them not.
-bool Apply(PrinterModel* model, OStringArray* lines) {
+// What has become of a record.
+enum class Outcome { kRefused, kApplied, kAppliedToModel };
+
+// Applies a record's lines, all or, where the store can do that, none.
+Outcome Apply(PrinterModel* model, OStringArray* lines) {
   // The import moves the root of the object that it works on.
   PrinterRegistry store(model->GetStore());
   OStringArray branches;
   branches.Add(kSettings);
   store.ExpandAliasInLines(kNeutralRoot, lines);
   KeepSectionsBelow(store, branches, lines);
+  const bool concernsModel = ConcernsModel(store, *lines);
   KeyStoreTransaction together(store.GetDataHive(), KeyStoreTransaction::Purpose::kWrite);
-  if (!together.IsOpen()) return false;
+  if (!together.IsOpen()) return Outcome::kRefused;
   store.ImportBranch(*lines, 0);
-  return together.Commit();
+  if (!together.Commit()) return Outcome::kRefused;
+  return concernsModel ? Outcome::kAppliedToModel : Outcome::kApplied;
 }
 
 }  // namespace
@@ -72,41 +80,19 @@ bool DriverOptions::ExportText(OStream& stream, const OString& modelName) const 
   OStringArray lines;
   if (!store.ExportBranch(kSettings, &lines, 0)) return false;
   store.CollapseAliasInLines(kNeutralRoot, &lines);
-  WriteLine(stream, OString(kOpening) + " model='" + AttributeOf(modelName) + "'>");
-  for (int32_t i = 0; i < lines.Count; ++i) {
-    if (!lines[i].IsEmpty()) WriteLine(stream, lines[i]);
-  }
-  WriteLine(stream, kClosing);
-  stream.WriteNewLine();
+  WriteBranchRecord(stream, kRecord, OString(" model='") + AttributeOf(modelName) + "'", lines);
   return true;
 }
 
 bool DriverOptions::ImportText(OFile& stream, const OString& modelName, const OString& modelId) {
   if (!Model) return false;
-  stream.Seek(0, platform::FileOrigin::kBegin);
-  OStringArray lines;
-  bool isInside = false;
+  BranchRecordReader reader(stream, kRecord, modelName, modelId);
   bool found = false;
   bool concernsModel = false;
-  for (OString line; stream.ReadLine(line);) {
-    line.TrimLeft(kWhiteSpace);
-    line.TrimRight(kWhiteSpace);
-    if (line.IsEmpty()) continue;
-    if (line.Left(sizeof(kOpening) - 1) == kOpening) {
-      isInside = MatchesModelAttributes(line, modelName, modelId);
-      lines.SetSize(0);
-    } else if (isInside && line == kClosing) {
-      isInside = false;
-      lines.Add(OString());
-      if (Apply(Model, &lines)) {
-        concernsModel = ConcernsModel(lines) || concernsModel;
-        found = true;
-      }
-    } else if (isInside) {
-      // What parts the sections is dropped when they are written.
-      if (line.GetWide()[0] == u'[' && lines.Count > 0) lines.Add(OString());
-      lines.Add(line);
-    }
+  for (OStringArray lines; reader.Next(&lines);) {
+    const Outcome outcome = Apply(Model, &lines);
+    found = found || outcome != Outcome::kRefused;
+    concernsModel = concernsModel || outcome == Outcome::kAppliedToModel;
   }
   if (found) Forget();
   if (concernsModel) Model->Invalidate();

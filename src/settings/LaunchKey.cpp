@@ -2,11 +2,10 @@
 
 #include <memory>
 
+#include "settings/DevModeBlob.h"
+
 namespace ostvt {
 namespace {
-
-// More than two 16-bit sizes can state.
-constexpr int32_t kLongestDevMode = 2 * 0xFFFF;
 
 bool IsSet(const ORegistry& store, const char* name) { return store.ReadByte(name, 0) != 0; }
 
@@ -20,7 +19,7 @@ OString LaunchKey::GetPrinterName() const { return Store.ReadString("Printer", O
 
 bool LaunchKey::ReadDevMode(PrinterModel* model, DevMode* devMode) const {
   const int32_t size = Store.GetValueSize("DevMode 16");
-  if (size <= 0 || size > kLongestDevMode) return false;
+  if (size <= 0 || size > static_cast<int32_t>(kLargestDevMode)) return false;
   auto narrow = std::make_unique<uint8_t[]>(static_cast<size_t>(size));
   if (Store.ReadBinary("DevMode 16", narrow.get(), size) != size) return false;
   devMode->AllocateDefaults(model);

@@ -3,6 +3,7 @@
 #include <cstring>
 #include <string>
 
+#include "core/LittleEndian.h"
 #include "core/OString.h"
 
 namespace ostvt {
@@ -27,7 +28,7 @@ class Reader {
     const uint32_t at = Position;
     const bool isInside = Has(2);
     Skip(2);
-    return isInside ? static_cast<uint16_t>(Bytes[at] | Bytes[at + 1] << 8) : uint16_t{0};
+    return isInside ? ReadLittleWord(Bytes + at) : uint16_t{0};
   }
   uint32_t Dword() {
     const uint32_t low = Word();

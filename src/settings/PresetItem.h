@@ -19,7 +19,7 @@ inline constexpr uint32_t kPresetFactory = 2;  // the model's
 class PresetItem : public ListItem {
  public:
   bool IsBuiltIn() const { return (Flags & (kPresetCurrent | kPresetFactory)) != 0; }
-  // Also notes the name in the block, if there is one.
+  // Also notes the name in the block, if there is one. No model below may be null.
   void SetName(const OString& name);
   void SetDescription(const OString& text) { Description = text; }
   // A copy of `devMode`, which is one of this driver's; it keeps the name that is noted in it.

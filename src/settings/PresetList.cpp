@@ -1,10 +1,10 @@
 #include "settings/PresetList.h"
 
 #include <algorithm>
-#include <cstring>
 #include <vector>
 
 #include "core/Crc.h"
+#include "settings/TextCrc.h"
 
 namespace ostvt {
 namespace {
@@ -15,14 +15,6 @@ bool ComesBefore(const PresetItem* a, const PresetItem* b) {
   a->Name.GetWide();
   b->Name.GetWide();
   return a->Name.Compare(b->Name) < 0;
-}
-
-// In a page that has every character, so that no change goes unseen.
-uint32_t TextCrc(const OString& text, uint32_t seed) {
-  OString narrow = text;
-  narrow.SetCodePage(kCodePageUtf8);
-  const char* bytes = narrow.GetNarrow();
-  return CRC32(bytes, static_cast<uint32_t>(strlen(bytes)) + 1, seed);
 }
 
 }  // namespace
@@ -79,12 +71,6 @@ PresetItem* PresetList::FindForDevMode(const DevMode& devMode) const {
   PresetItem* factory = FindFlagged(kPresetFactory);
   if (factory && factory->Block.Matches(devMode)) return factory;
   return FindCurrent();
-}
-
-int32_t PresetList::GetCount() const {
-  int32_t count = 0;
-  for (const PresetItem* item = GetFirst(); item; item = item->GetNext()) ++count;
-  return count;
 }
 
 uint32_t PresetList::GetChecksum() const {

@@ -47,7 +47,6 @@ class PresetList : public ObjectList {
   int32_t ImportBinary(OFile& stream, PrinterModel* model, PaperResolver* papers = nullptr);
 
   PresetItem* GetFirst() const { return static_cast<PresetItem*>(Head); }
-  int32_t GetCount() const;
   // Changes with everything that is stored.
   uint32_t GetChecksum() const;
 

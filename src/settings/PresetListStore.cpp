@@ -3,6 +3,7 @@
 
 #include "model/PrinterModel.h"
 #include "platform/KeyStore.h"
+#include "settings/DevModeBlob.h"
 #include "settings/PresetList.h"
 #include "settings/StockPapers.h"
 #include "store/NumberedEntries.h"
@@ -14,7 +15,8 @@ namespace {
 using platform::KeyStoreTransaction;
 
 constexpr char kPresets[] = "Presets:";
-constexpr EntryKind kPreset = {"Preset ", ":: Name", ":: Description", ":: DEVMODE", 0};
+constexpr EntryKind kPreset = {"Preset ",    ":: Name", ":: Description",
+                               ":: DEVMODE", 0,         static_cast<int32_t>(kLargestDevMode)};
 
 std::vector<NumberedEntry> ReadAll(PrinterRegistry& store) {
   std::vector<NumberedEntry> entries;

@@ -6,9 +6,11 @@
 #include "core/Buffer.h"
 #include "core/OFile.h"
 #include "model/TextRecords.h"
+#include "settings/DevModeBlob.h"
 #include "settings/PresetList.h"
 #include "settings/PresetText.h"
 #include "settings/StockPapers.h"
+#include "store/NumberedEntries.h"
 
 namespace ostvt {
 namespace {
@@ -16,10 +18,8 @@ namespace {
 constexpr char kName[] = "Name";
 constexpr char kDescription[] = "Description";
 
-constexpr char kBinarySignature[] = {'D', 'M'};  // what follows tells the form of the block
-constexpr uint32_t kBinaryHead = 8;              // signature and length
-// No device mode is larger, and no text can be kept that is.
-constexpr uint32_t kMostBytes = 2 * 0xFFFF;
+// A block is a blob as DevModeBlob has it; no text can be kept that is larger.
+constexpr uint32_t kMostBytes = kLargestDevMode;
 
 // The rest of a binary file, which says itself how long its pieces are.
 class BinaryReader {
@@ -32,13 +32,13 @@ class BinaryReader {
   uint32_t GetLeft() const { return Left; }
   // An entry's head and block, as one blob.
   bool ReadBlob(Buffer* blob) {
-    uint8_t head[kBinaryHead];
-    if (!Read(head, kBinaryHead)) return false;
+    uint8_t head[kDevModeBlobHead];
+    if (!Read(head, kDevModeBlobHead)) return false;
     uint32_t length;
     memcpy(&length, head + 4, sizeof(length));
-    if (memcmp(head, kBinarySignature, sizeof(kBinarySignature)) != 0) return false;
-    blob->Resize(kBinaryHead);
-    memcpy(blob->Data, head, kBinaryHead);
+    if (memcmp(head, kDevModeBlobSignature, kDevModeBlobMark) != 0) return false;
+    blob->Resize(kDevModeBlobHead);
+    memcpy(blob->Data, head, kDevModeBlobHead);
     return Append(blob, length);
   }
   bool ReadText(OString* text) {
@@ -103,12 +103,13 @@ int32_t PresetList::ImportText(OFile& stream, PrinterModel* model, PaperResolver
   if (!papers) papers = &stored;
   std::unique_ptr<PresetItem> item;
   int32_t count = 0;
+  const int32_t room = kEntryLimit - GetCount();
   for (Line line = reader.Next(); line != Line::kEnd; line = reader.Next()) {
     if (line == Line::kOpening) {
       item.reset(new PresetItem);
       if (IsDefaultDevModeRecord(reader.Text)) reader.Skip();
     } else if (line == Line::kClosing) {
-      if (item->Block.IsEmpty()) continue;
+      if (item->Block.IsEmpty() || count >= room) continue;
       // The block came with the name that it had where it was written.
       item->SetName(item->Name);
       AddTail(item.release());
@@ -131,7 +132,8 @@ int32_t PresetList::ImportBinary(OFile& stream, PrinterModel* model, PaperResolv
   StockPapers stored(model);
   if (!papers) papers = &stored;
   int32_t count = 0;
-  for (Buffer blob; reader.ReadBlob(&blob);) {
+  const int32_t room = kEntryLimit - GetCount();
+  for (Buffer blob; count < room && reader.ReadBlob(&blob);) {
     const bool isWholeFile = count == 0 && reader.GetLeft() == 0;
     OString name;
     OString description;

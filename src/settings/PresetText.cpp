@@ -8,12 +8,6 @@
 #include "settings/PresetItem.h"
 
 namespace ostvt {
-namespace {
-
-// A head of eight bytes, and all that the sizes in a device mode can cover.
-constexpr uint32_t kLargestBlob = 8 + 2 * 0xFFFF;
-
-}  // namespace
 
 bool IsDefaultDevModeRecord(const OString& openingLine) {
   return GetAttribute(openingLine, "default") == "true";
@@ -30,7 +24,7 @@ void WritePresetEnd(OStream& stream, const DevMode& devMode) {
 bool ReadPresetData(const OString& text, PrinterModel* model, PaperResolver* papers,
                     PresetItem* item) {
   Buffer blob;
-  blob.Resize(kLargestBlob);
+  blob.Resize(kDevModeBlobHead + kLargestDevMode);
   uint32_t size = blob.Size;
   if (!UnpackText(text, blob.Data, &size)) return false;
   item->SetFromBlob(blob.Data, size, model, papers);

@@ -54,7 +54,12 @@ void ImportText(DriverSession* session, uint32_t sections, SettingsFileReader& f
     taken->Stock = StoreWord(session->GetStock().ImportText(file, session->Model));
   if (hasPresets) ImportPresets(session, sections, file, taken);
   if (file.Has(kHasFonts)) ImportFonts(session, sections, file, taken);
-  if (wantsOptions && file.Has(kHasOptions)) taken->Options = ImportOptions(session->Model, file);
+  if (wantsOptions && file.Has(kHasOptions)) {
+    const uint32_t userForm = StockList::StoredUserFormCrc(session->Model);
+    taken->Options = ImportOptions(session->Model, file);
+    if (taken->Options && session->StockLoaded)
+      session->Stock.FollowOptions(StockList::StoredUserFormCrc(session->Model) == userForm);
+  }
   if ((sections & kSectionDefaultDevMode) != 0 && hasPresets)
     taken->DefaultDevMode = session->ImportDefaultDevMode(file, session->Model);
   // These have a bit of their own, which only an export looks at.

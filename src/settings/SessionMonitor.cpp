@@ -34,8 +34,10 @@ void DriverSession::MonitorFailureDialog() {
 }
 
 bool DriverSession::LaunchStatusMonitor(const OString& verb, int32_t wait) {
-  if (platform::SystemDirectory().empty()) return false;
-  return platform::StartProgram(Link.GetStatusMonitorCommand(verb).GetWide(), wait);
+  const std::u16string directory = platform::SystemDirectory();
+  if (directory.empty()) return false;
+  return platform::StartProgram(Link.GetStatusMonitorCommand(verb).GetWide(), wait,
+                                directory.c_str());
 }
 
 bool DriverSession::OpenStatusMonitor(int32_t wait) { return LaunchStatusMonitor("open", wait); }

@@ -5,7 +5,7 @@
 #include "settings/DriverOptions.h"
 #include "settings/DriverSession.h"
 #include "settings/StoredDevMode.h"
-#include "store/PrinterRegistry.h"
+#include "store/TrueStore.h"
 
 namespace ostvt {
 namespace {
@@ -20,13 +20,6 @@ void ResetOptions(PrinterModel* model) {
   options.Bind(model);
   options.Forget();
   model->Invalidate();
-}
-
-// The settings of this machine, whatever is shown in their place on a client.
-void DeleteNetworkSettings(const OString& printerName) {
-  PrinterRegistry store(printerName);
-  store.SetShadowed(false);
-  store.Delete("NETWORK:", true);
 }
 
 }  // namespace
@@ -53,7 +46,9 @@ void DriverSession::ResetSettings(uint32_t sections) {
   if (isChosen(kSectionOptions)) {
     ResetOptions(Model);
     // The user form lay among the options.
-    if (isChosen(kSectionStock)) Stock.Load(Model);
+    if (StockLoaded) Stock.FollowOptions(false);
+    // The model's defaults may be others without them.
+    if (BuiltInPresetsAdded) AddBuiltInPresets();
   }
   if (isChosen(kSectionDefaultDevMode)) {
     DevModeBuffer.SetDefaults(Model);
@@ -68,7 +63,7 @@ void DriverSession::ResetSettings(uint32_t sections) {
     FontMappings.Load(Model);
   }
   const int32_t tcpPort = Link.GetTcpPort();
-  if (isChosen(kSectionNetwork)) DeleteNetworkSettings(PrinterName);
+  if (isChosen(kSectionNetwork)) TrueStore(PrinterName).Delete("NETWORK:", true);
 
   ImportResult taken;
   ImportSettings(FactoryFile(), sections, &taken);

@@ -2,6 +2,7 @@
 #include "comm/PrinterPort.h"
 #include "core/Buffer.h"
 #include "core/OFile.h"
+#include "core/PathName.h"
 #include "settings/DriverSession.h"
 
 namespace ostvt {
@@ -20,18 +21,12 @@ bool ReadWhole(const OString& path, Buffer* bytes) {
   return size == 0 || file.Read(bytes->Data, size) == size;
 }
 
-// Of any system's paths.
-OString NameOf(const OString& path) {
-  const int cut = path.ReverseFindOneOf("\\/");
-  return cut < 0 ? path : path.Mid(cut + 1);
-}
-
 }  // namespace
 
 bool DriverSession::SendFile(const OString& path, SendProgressFunction progress, void* context) {
   Buffer bytes;
   if (!Port || !ReadWhole(path, &bytes)) return false;
-  if (Port->OpenJob(NameOf(path)) == 0) {
+  if (Port->OpenJob(NameOfPath(path)) == 0) {
     Port->CloseJob();
     return false;
   }

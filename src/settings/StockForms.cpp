@@ -15,14 +15,7 @@ NumberedEntry EntryOf(const StockItem& item) {
   return entry;
 }
 
-}  // namespace
-
-OString StockFormPath(const OString& path, int32_t number) {
-  return EntryPath(kForms, path, number);
-}
-
-StockItem* ReadStockForm(const ORegistry& store, const OString& form) {
-  const NumberedEntry entry = ReadEntry(store, kForms, form);
+StockItem* ItemOf(const NumberedEntry& entry) {
   if (entry.Name.IsEmpty() || entry.Block.empty()) return nullptr;
   auto* item = new StockItem;
   item->Name = entry.Name;
@@ -30,8 +23,27 @@ StockItem* ReadStockForm(const ORegistry& store, const OString& form) {
   return item;
 }
 
-bool WriteStockForm(ORegistry& store, const OString& form, const StockItem& item) {
-  return WriteEntry(store, kForms, form, EntryOf(item));
+}  // namespace
+
+OString StockFormPath(const OString& path, int32_t number) {
+  return EntryPath(kForms, path, number);
+}
+
+StockItem* ReadStockForm(const ORegistry& store, const OString& form) {
+  return ItemOf(ReadEntry(store, kForms, form));
+}
+
+bool HasLoneStockForm(const ORegistry& store, const OString& form) {
+  return store.GetValueSize(form + kForms.Name) >= 0;
+}
+
+StockItem* ReadLoneStockForm(const ORegistry& store, const OString& form) {
+  return ItemOf(ReadLoneEntry(store, kForms, form));
+}
+
+bool WriteLoneStockForm(ORegistry& store, const OString& form, const StockItem& item,
+                        EntryWriting writing) {
+  return WriteLoneEntry(store, kForms, form, EntryOf(item), writing);
 }
 
 bool WriteStockForms(ORegistry& store, const OString& path,

@@ -21,8 +21,11 @@ inline int32_t CountStockForms(const ORegistry& store, const OString& path) {
 StockItem* ReadStockForm(const ORegistry& store, const OString& form);
 // The name of the form with a number from 1 on.
 OString StockFormPath(const OString& path, int32_t number);
-// Each value only if it differs from what is stored. False if the store refused it.
-bool WriteStockForm(ORegistry& store, const OString& form, const StockItem& item);
+// The same of a form that stands alone; see WriteLoneEntry.
+bool HasLoneStockForm(const ORegistry& store, const OString& form);
+StockItem* ReadLoneStockForm(const ORegistry& store, const OString& form);
+bool WriteLoneStockForm(ORegistry& store, const OString& form, const StockItem& item,
+                        EntryWriting writing);
 // Items are borrowed. False, with the rest left undone, as soon as the store refuses a value.
 bool WriteStockForms(ORegistry& store, const OString& path,
                      const std::vector<const StockItem*>& items, EntryWriting writing);

@@ -7,29 +7,27 @@
 namespace ostvt {
 namespace {
 
-int32_t Sum(int32_t length, int32_t firstMargin, int32_t secondMargin) {
-  const int64_t sum = int64_t{length} + firstMargin + secondMargin;
-  return static_cast<int32_t>(std::clamp<int64_t>(sum, INT32_MIN, INT32_MAX));
-}
-
-OString InSystemPage(const OString& name) {
-  OString text = name;
-  text.SetCodePage(0);
-  return text;
-}
-
 int Sign(int value) { return value < 0 ? -1 : value > 0; }
 
 }  // namespace
 
-int32_t StockItem::GetPageWidth() const { return Sum(Width, LeftMargin, RightMargin); }
+int32_t SumOfLengths(int64_t first, int64_t second, int64_t third) {
+  return static_cast<int32_t>(std::clamp<int64_t>(first + second + third, INT32_MIN, INT32_MAX));
+}
 
-int32_t StockItem::GetPageHeight() const { return Sum(Height, TopMargin, BottomMargin); }
+int32_t StockItem::GetPageWidth() const { return SumOfLengths(Width, LeftMargin, RightMargin); }
 
-int CompareStockNames(const OString& a, const OString& b) {
-  const int order = strcmp(InSystemPage(a).GetNarrow(), InSystemPage(b).GetNarrow());
+int32_t StockItem::GetPageHeight() const { return SumOfLengths(Height, TopMargin, BottomMargin); }
+
+StockName::StockName(const OString& name) : InSystemPage(name), Wide(name.GetWide()) {
+  InSystemPage.SetCodePage(0);
+  Narrow = InSystemPage.GetNarrow();
+}
+
+int CompareStockNames(const StockName& a, const StockName& b) {
+  const int order = strcmp(a.Narrow, b.Narrow);
   if (order != 0) return Sign(order);
-  return Sign(std::u16string_view(a.GetWide()).compare(b.GetWide()));
+  return Sign(std::u16string_view(a.Wide).compare(b.Wide));
 }
 
 }  // namespace ostvt

@@ -56,8 +56,23 @@ class StockItem : public ListItem, public StockData {
   int16_t PaperId = 0;  // for dmPaperSize; 0 hides it from look-ups
 };
 
+// Kept inside 32 bits.
+int32_t SumOfLengths(int64_t first, int64_t second, int64_t third);
+
+// A name in the two forms that tell its place. Lives no longer than the string it was made of.
+struct StockName {
+  explicit StockName(const OString& name);
+
+  OString InSystemPage;  // holds the text of the next
+  const char* Narrow;
+  const char16_t* Wide;
+};
+
 // -1, 0 or 1: byte-wise by the names' form in the system's code page. Names that differ only in
 // characters that page doesn't have are told apart by their wide form.
-int CompareStockNames(const OString& a, const OString& b);
+int CompareStockNames(const StockName& a, const StockName& b);
+inline int CompareStockNames(const OString& a, const OString& b) {
+  return CompareStockNames(StockName(a), StockName(b));
+}
 
 }  // namespace ostvt

@@ -1,13 +1,13 @@
 #include "settings/StockList.h"
 
 #include <algorithm>
-#include <cstddef>
-#include <cstring>
+#include <string_view>
 
 #include "core/Crc.h"
 #include "core/DriverPath.h"
 #include "model/PrinterModel.h"
 #include "settings/DevMode.h"
+#include "settings/TextCrc.h"
 
 namespace ostvt {
 namespace {
@@ -15,15 +15,6 @@ namespace {
 constexpr char kUserFormName[] = "USER";
 constexpr char kUserFormNameOn16BitPath[] = "User Defined";
 constexpr int32_t kMicronsPerTenth = 100;
-
-OString FormNameOf(const DevMode& devMode) {
-  constexpr uint32_t kOffset = offsetof(PublicDevMode, dmFormName);
-  constexpr uint32_t kSize = sizeof(PublicDevMode::dmFormName);
-  char16_t name[kSize / sizeof(char16_t) + 1] = {};
-  const uint32_t known = devMode.GetPublicSize();
-  if (known > kOffset) memcpy(name, devMode.GetBlock() + kOffset, std::min(known - kOffset, kSize));
-  return OString(name);
-}
 
 // Thousandths from a field in tenths of a millimetre. The lower limit counts when they contradict.
 int32_t Limit(int16_t tenths, Measure lowest, Measure highest) {
@@ -33,8 +24,7 @@ int32_t Limit(int16_t tenths, Measure lowest, Measure highest) {
 
 // What margins leave of a page.
 int32_t Without(int32_t page, int32_t firstMargin, int32_t secondMargin) {
-  const int64_t rest = int64_t{page} - firstMargin - secondMargin;
-  return static_cast<int32_t>(std::clamp<int64_t>(rest, INT32_MIN, INT32_MAX));
+  return SumOfLengths(page, -int64_t{firstMargin}, -int64_t{secondMargin});
 }
 
 }  // namespace
@@ -42,7 +32,10 @@ int32_t Without(int32_t page, int32_t firstMargin, int32_t secondMargin) {
 void StockList::Build(PrinterModel* model) {
   ClearAll();
   Model = model;
-  if (!model) return;
+  if (model) AddTail(MakeUserForm(model));
+}
+
+StockItem* StockList::MakeUserForm(PrinterModel* model) {
   auto* item = new StockItem;
   item->PaperId = kUserPaperId;
   item->Flags = kStockUserForm;
@@ -50,7 +43,7 @@ void StockList::Build(PrinterModel* model) {
   item->Width = model->GetDefaultX().ToMicrons();
   item->Height = model->GetDefaultY().ToMicrons();
   item->LeftMargin = item->RightMargin = model->GetEdgeAllowance().ToMicrons();
-  AddTail(item);
+  return item;
 }
 
 void StockList::ReplaceUserForm(StockItem* item) {
@@ -62,17 +55,28 @@ void StockList::ReplaceUserForm(StockItem* item) {
   AddHead(item);
 }
 
-void StockList::AddImported(StockItem* item) {
+bool StockList::AddImported(StockItem* item, int32_t* room) {
   if (item->IsUserForm()) {
     ReplaceUserForm(item);
-  } else {
-    AddTail(item);
+    return true;
   }
+  if (*room <= 0) {
+    delete item;
+    return false;
+  }
+  --*room;
+  AddTail(item);
+  return true;
 }
 
 StockItem* StockList::FindByName(const OString& name) const {
+  // Most names differ in what is quickly told.
+  const std::u16string_view wide = name.GetWide();
   for (StockItem* item = GetFirst(); item; item = item->GetNext()) {
-    if (item->PaperId != 0 && CompareStockNames(item->Name, name) == 0) return item;
+    if (item->PaperId != 0 && wide == item->Name.GetWide() &&
+        CompareStockNames(item->Name, name) == 0) {
+      return item;
+    }
   }
   return nullptr;
 }
@@ -87,7 +91,7 @@ StockItem* StockList::FindById(int16_t id) const {
 StockItem* StockList::FindForDevMode(const DevMode& devMode) const {
   const bool hasId = devMode.HasFields(kFieldPaperSize);
   if (!hasId && devMode.HasFields(kFieldFormName)) {
-    if (StockItem* item = FindByName(FormNameOf(devMode))) return item;
+    if (StockItem* item = FindByName(devMode.GetFormName())) return item;
   }
   const int16_t id =
       hasId ? std::max(devMode.Get(&PublicDevMode::dmPaperSize), kUserPaperId) : kUserPaperId;
@@ -116,21 +120,11 @@ StockItem* StockList::GetAt(int32_t index) const {
   return item;
 }
 
-int32_t StockList::GetCount() const {
-  int32_t count = 0;
-  for (const StockItem* item = GetFirst(); item; item = item->GetNext()) ++count;
-  return count;
-}
-
 uint32_t StockList::GetChecksum() const {
   uint32_t crc = 0;
   uint32_t position = 0;
   for (const StockItem* item = GetFirst(); item; item = item->GetNext(), ++position) {
-    // In a page that has every character, so that no change of a name goes unseen.
-    OString name = item->Name;
-    name.SetCodePage(kCodePageUtf8);
-    const char* bytes = name.GetNarrow();
-    crc = CRC32(bytes, static_cast<uint32_t>(strlen(bytes)) + 1, crc);
+    crc = TextCrc(item->Name, crc);
     crc = CRC32(&position, sizeof(position), crc);
     crc = CRC32(&item->Data(), sizeof(StockData), crc);
   }

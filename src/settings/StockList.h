@@ -28,6 +28,11 @@ class StockList : public ObjectList {
   // not: the next call then tries again. Whoever kills the process meanwhile leaves each stock as
   // it was or as it is here.
   bool Save(PrinterModel* model);
+  // After the printer's options were changed: the user form is among them, and is read anew unless
+  // `userFormStays`; the numbers follow the model's limits as they are now.
+  void FollowOptions(bool userFormStays);
+  // Tells whether the stored user form changed in between; 0 for none.
+  static uint32_t StoredUserFormCrc(PrinterModel* model);
   // Brings the list into order, the user form first; of the stocks of one name one remains. Then
   // gives out the numbers.
   void Normalize();
@@ -40,7 +45,7 @@ class StockList : public ObjectList {
   // The same, with the user form brought to the device mode's size, inside the model's limits.
   StockItem* ResolveForDevMode(const DevMode& devMode);
 
-  // All but the user form, as text records. How many.
+  // All that have a name but the user form, as text records. How many.
   int32_t ExportText(OStream& stream) const;
   // The records of the whole file that are meant for `model`; how many were added.
   int32_t ImportText(OFile& stream, PrinterModel* model);
@@ -50,7 +55,6 @@ class StockList : public ObjectList {
   StockItem* GetFirst() const { return static_cast<StockItem*>(Head); }
   // Null if `index` is none.
   StockItem* GetAt(int32_t index) const;
-  int32_t GetCount() const;
   // Changes with every name, place and datum.
   uint32_t GetChecksum() const;
 
@@ -58,11 +62,13 @@ class StockList : public ObjectList {
   uint32_t ListCrc = 0;           // when last read or written
 
  private:
+  // In the model's default size.
+  static StockItem* MakeUserForm(PrinterModel* model);
   StockItem* FindById(int16_t id) const;
   // `item`, a user form, takes the place of the one that is here, whatever its name.
   void ReplaceUserForm(StockItem* item);
-  // What an import found.
-  void AddImported(StockItem* item);
+  // What an import found. False, with the item deleted, where the store couldn't hold it too.
+  bool AddImported(StockItem* item, int32_t* room);
 };
 
 }  // namespace ostvt

@@ -1,11 +1,14 @@
 // A stock list's life in the store: the user form among the printer's settings, all other stocks as
 // numbered forms, those of the model apart.
+#include <memory>
 #include <vector>
 
+#include "core/Crc.h"
 #include "model/PrinterModel.h"
 #include "platform/KeyStore.h"
 #include "settings/StockForms.h"
 #include "settings/StockList.h"
+#include "settings/TextCrc.h"
 #include "store/PrinterRegistry.h"
 
 namespace ostvt {
@@ -55,24 +58,39 @@ void StockList::Load(PrinterModel* model) {
   if (model) {
     PrinterRegistry& store = model->GetStore();
     const OString modelForms = ModelForms(model);
-    const auto loadUserForm = [&store, this] {
-      StockItem* userForm = ReadStockForm(store, kUserForm);
-      if (!userForm) return;
-      userForm->Flags |= kStockUserForm;
-      ReplaceUserForm(userForm);
-    };
-    if (CountStockForms(store, kForms) > 0 || CountStockForms(store, modelForms) > 0) {
-      // Nobody may write between the first form and the last.
+    if (HasLoneStockForm(store, kUserForm) || CountStockForms(store, kForms) > 0 ||
+        CountStockForms(store, modelForms) > 0) {
+      // Nobody may write between the first value and the last.
       const KeyStoreTransaction reading(store.GetDataHive(), KeyStoreTransaction::Purpose::kRead);
-      loadUserForm();
+      if (StockItem* userForm = ReadLoneStockForm(store, kUserForm)) {
+        userForm->Flags |= kStockUserForm;
+        ReplaceUserForm(userForm);
+      }
       LoadForms(store, kForms, this);
       LoadForms(store, modelForms, this);
-    } else {
-      loadUserForm();
     }
   }
   Normalize();
   ListCrc = GetChecksum();
+}
+
+uint32_t StockList::StoredUserFormCrc(PrinterModel* model) {
+  if (!model) return 0;
+  const std::unique_ptr<StockItem> item(ReadLoneStockForm(model->GetStore(), kUserForm));
+  if (!item) return 0;
+  const uint32_t crc = CRC32(&item->Data(), sizeof(StockData), 0);
+  return TextCrc(item->Name, crc);
+}
+
+void StockList::FollowOptions(bool userFormStays) {
+  if (!Model) return;
+  if (!userFormStays) {
+    StockItem* userForm = ReadLoneStockForm(Model->GetStore(), kUserForm);
+    if (!userForm) userForm = MakeUserForm(Model);
+    userForm->Flags |= kStockUserForm;
+    ReplaceUserForm(userForm);
+  }
+  Normalize();
 }
 
 bool StockList::Save(PrinterModel* model) {
@@ -85,7 +103,7 @@ bool StockList::Save(PrinterModel* model) {
   const EntryWriting way = together ? EntryWriting::kTogether : EntryWriting::kOneByOne;
 
   const StockItem* userForm = FirstUserForm(*this);
-  bool done = !userForm || WriteStockForm(store, kUserForm, *userForm);
+  bool done = !userForm || WriteLoneStockForm(store, kUserForm, *userForm, way);
   // Where each value stands for itself, who may not change the printer can still keep stocks.
   if (!done && together) return false;
   done = WriteStockForms(store, kForms, SelectForms(*this, false), way) && done;

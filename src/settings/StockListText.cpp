@@ -7,6 +7,7 @@
 #include "core/PackedText.h"
 #include "model/TextRecords.h"
 #include "settings/StockList.h"
+#include "store/NumberedEntries.h"
 
 namespace ostvt {
 namespace {
@@ -34,7 +35,8 @@ bool UnpackData(const OString& text, StockData* data) {
 int32_t StockList::ExportText(OStream& stream) const {
   int32_t count = 0;
   for (const StockItem* item = GetFirst(); item; item = item->GetNext()) {
-    if (item->IsUserForm()) continue;
+    // Without a name nobody would take it.
+    if (item->IsUserForm() || item->Name.IsEmpty()) continue;
     WriteRecordLine(stream, "<stock>");
     WriteRecordValue(stream, kName, item->Name);
     WriteRecordValue(stream, kData, PackText(&item->Data(), sizeof(StockData)));
@@ -52,13 +54,13 @@ int32_t StockList::ImportText(OFile& stream, PrinterModel* model) {
   // Told before the data that it counts for; holds for the records behind as well.
   bool isProtected = false;
   int32_t count = 0;
+  int32_t room = kEntryLimit - GetCount();
   for (Line line = reader.Next(); line != Line::kEnd; line = reader.Next()) {
     if (line == Line::kOpening) {
       item.reset(new StockItem);
     } else if (line == Line::kClosing) {
       if (item->Name.IsEmpty()) continue;
-      AddImported(item.release());
-      ++count;
+      if (AddImported(item.release(), &room)) ++count;
     } else if (reader.Key == kName) {
       item->Name = reader.Value;
     } else if (reader.Key == kProtected) {
@@ -83,14 +85,15 @@ int32_t StockList::ImportBinary(OFile& stream) {
   Buffer record;
   record.Resize(size);
   int32_t count = 0;
+  int32_t room = kEntryLimit - GetCount();
   while (stream.Read(record.Data, size) == size) {
-    auto* item = new StockItem;
+    auto item = std::make_unique<StockItem>();
     CopyBytes(&item->Data(), record.Data, sizeof(StockData));
     item->Name.AssignCount(reinterpret_cast<const char*>(record.Data + kBinaryNameOffset),
                            static_cast<int>(size - kBinaryNameOffset));
+    if (item->Name.IsEmpty()) continue;
     item->Flags = (item->Flags & ~kStockOfModel) | kStockRemovable;
-    AddImported(item);
-    ++count;
+    if (AddImported(item.release(), &room)) ++count;
   }
   Normalize();
   return count;

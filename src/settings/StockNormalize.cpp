@@ -1,16 +1,10 @@
 // Order and numbers of a stock list.
 //
-// The rules are those of a walk that compares each item with all that follow it, moves what is less
-// in front, and starts again whenever an item falls to one of its name. Moves never change the
-// order among items of one name, and the walk ends ordered; so what stays of a name can be told
-// from its items alone, in the order in which they stood:
-// - the last user form of the name, if it has one;
+// Of the items of one name, in the order in which they stood, there stays
+// - the last user form, if there is one;
 // - else the first that can't be removed;
 // - else the last.
-// That is one sort in place of a walk whose steps grow with the square of the list.
 #include <algorithm>
-#include <cstring>
-#include <string_view>
 #include <vector>
 
 #include "model/PrinterModel.h"
@@ -20,21 +14,16 @@
 namespace ostvt {
 namespace {
 
-// An item with its name's two forms, which the sort then need not ask for again.
+// With its name's forms, which the sort then need not ask for again.
 struct Entry {
+  explicit Entry(StockItem* item) : Item(item), Name(item->Name), IsUserForm(item->IsUserForm()) {}
+
   StockItem* Item;
-  OString Narrow;  // holds the text of the next
-  const char* NarrowName;
-  const char16_t* WideName;
+  StockName Name;
   bool IsUserForm;
 };
 
-// As CompareStockNames.
-int CompareNames(const Entry& a, const Entry& b) {
-  const int order = strcmp(a.NarrowName, b.NarrowName);
-  if (order != 0) return order;
-  return std::u16string_view(a.WideName).compare(b.WideName);
-}
+int CompareNames(const Entry& a, const Entry& b) { return CompareStockNames(a.Name, b.Name); }
 
 // Of the items of one name, in the order in which they stood.
 StockItem* PickSurvivor(const Entry* first, const Entry* end) {
@@ -69,12 +58,7 @@ void GiveNumbers(StockList* list) {
 void StockList::Normalize() {
   std::vector<Entry> entries;
   entries.reserve(static_cast<size_t>(GetCount()));
-  for (StockItem* item = GetFirst(); item; item = item->GetNext()) {
-    Entry entry{item, item->Name, nullptr, item->Name.GetWide(), item->IsUserForm()};
-    entry.Narrow.SetCodePage(0);
-    entry.NarrowName = entry.Narrow.GetNarrow();
-    entries.push_back(std::move(entry));
-  }
+  for (StockItem* item = GetFirst(); item; item = item->GetNext()) entries.emplace_back(item);
   std::stable_sort(entries.begin(), entries.end(),
                    [](const Entry& a, const Entry& b) { return CompareNames(a, b) < 0; });
 

@@ -47,7 +47,7 @@ bool StockPapers::ResolvePaper(const DevMode& devMode, PaperForm* paper) {
   StockItem* item = List->FindForDevMode(devMode);
   if (!item) return false;
   const StockData stored = item->Data();
-  List->ResolveForDevMode(devMode);
+  if (item->IsUserForm()) List->ResolveForDevMode(devMode);
   *paper = ToPaperForm(*item);
   item->Data() = stored;
   return true;

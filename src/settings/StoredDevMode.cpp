@@ -1,8 +1,8 @@
 #include "settings/StoredDevMode.h"
 
 #include "settings/DevMode.h"
-#include "settings/OpenedPrinter.h"
 #include "settings/StockPapers.h"
+#include "store/OpenedPrinter.h"
 #include "store/PrinterId.h"
 
 namespace ostvt {

@@ -36,7 +36,8 @@ struct BranchValue {
   std::vector<uint8_t> Data;
 };
 
-// Strings and lists are cut where they end for a reader.
+// Strings and lists are cut where they end for a reader. Neither the name nor a string may hold a
+// line end.
 void AppendBranchValue(const BranchValue& value, OStringArray* lines);
 // `line` is whole, its parts joined. What digits there are count; types are those of strings,
 // double words and lists, and that of binary values for all others. False if the line is no value.

@@ -10,6 +10,8 @@ namespace ostvt {
 namespace {
 
 constexpr char kTotalValue[] = "Total";
+// Behind the path of an entry that stands alone: what it is to be, while its own values change.
+constexpr char kCopy[] = " Copy";
 
 using Entries = std::vector<NumberedEntry>;
 
@@ -30,13 +32,11 @@ bool WriteText(ORegistry& store, const OString& value, const OString& text) {
   return store.WriteString(value, StoredText(text));
 }
 
-// No device mode is larger.
-constexpr int32_t kLargestBlock = 2 * 0xFFFF;
-
-std::vector<uint8_t> ReadBlock(const ORegistry& store, const OString& value, int32_t size) {
+std::vector<uint8_t> ReadBlock(const ORegistry& store, const OString& value,
+                               const EntryKind& kind) {
   std::vector<uint8_t> block;
-  if (size == 0) size = store.GetValueSize(value);
-  if (size <= 0 || size > kLargestBlock) return block;
+  const int32_t size = kind.BlockSize != 0 ? kind.BlockSize : store.GetValueSize(value);
+  if (size <= 0 || (kind.BlockSize == 0 && size > kind.MostBytes)) return block;
   block.resize(static_cast<size_t>(size));
   if (store.ReadBinary(value, block.data(), size) != size) block.clear();
   return block;
@@ -74,6 +74,13 @@ bool WriteWhole(ORegistry& store, const EntryKind& kind, const OString& entryPat
   all.Name = all.Block = true;
   all.Description = kind.Description != nullptr;
   return WriteChanges(store, kind, entryPath, entry, all);
+}
+
+bool ForgetEntry(ORegistry& store, const EntryKind& kind, const OString& entryPath) {
+  for (const char* value : {kind.Block, kind.Name, kind.Description}) {
+    if (value && !store.ForgetValue(entryPath + value)) return false;
+  }
+  return true;
 }
 
 // Where nobody could take a half-written entry for a whole one.
@@ -154,14 +161,26 @@ NumberedEntry ReadEntry(const ORegistry& store, const EntryKind& kind, const OSt
   entry.Name = store.ReadString(entryPath + kind.Name, OString());
   if (kind.Description)
     entry.Description = store.ReadString(entryPath + kind.Description, OString());
-  entry.Block = ReadBlock(store, entryPath + kind.Block, kind.BlockSize);
+  entry.Block = ReadBlock(store, entryPath + kind.Block, kind);
   return entry;
 }
 
-bool WriteEntry(ORegistry& store, const EntryKind& kind, const OString& entryPath,
-                const NumberedEntry& entry) {
+NumberedEntry ReadLoneEntry(const ORegistry& store, const EntryKind& kind,
+                            const OString& entryPath) {
+  NumberedEntry entry = ReadEntry(store, kind, entryPath);
+  const bool isBeingWritten = entry.Block.empty() && !entry.Name.IsEmpty();
+  return isBeingWritten ? ReadEntry(store, kind, entryPath + kCopy) : entry;
+}
+
+bool WriteLoneEntry(ORegistry& store, const EntryKind& kind, const OString& entryPath,
+                    const NumberedEntry& entry, EntryWriting writing) {
   const NumberedEntry stored = ReadEntry(store, kind, entryPath);
-  return Rewrite(store, kind, entryPath, stored, entry, EntryWriting::kTogether);
+  const bool wasLeft = stored.Block.empty() && !stored.Name.IsEmpty();
+  const bool needsCopy = writing == EntryWriting::kOneByOne && !IsOneStep(kind, stored, entry);
+  const OString copyPath = entryPath + kCopy;
+  return (!needsCopy || WriteWhole(store, kind, copyPath, entry)) &&
+         Rewrite(store, kind, entryPath, stored, entry, writing) &&
+         (!(needsCopy || wasLeft) || ForgetEntry(store, kind, copyPath));
 }
 
 bool WriteEntries(ORegistry& store, const EntryKind& kind, const OString& path,
@@ -197,10 +216,7 @@ bool WriteEntries(ORegistry& store, const EntryKind& kind, const OString& path,
   const auto count = static_cast<int32_t>(total);
   if (store.ReadInt(totalPath, -1) != count && !store.WriteDword(totalPath, count)) return false;
   for (size_t i = total; i < end; ++i) {
-    const OString entryPath = placeOf(i);
-    for (const char* value : {kind.Block, kind.Name, kind.Description}) {
-      if (value && !store.ForgetValue(entryPath + value)) return false;
-    }
+    if (!ForgetEntry(store, kind, placeOf(i))) return false;
   }
   return true;
 }

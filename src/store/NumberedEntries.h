@@ -29,7 +29,8 @@ struct EntryKind {
   const char* Name;
   const char* Description;  // null: entries of this kind have none
   const char* Block;
-  int32_t BlockSize;  // a block of another size is none; 0: any size is good
+  int32_t BlockSize;      // a block of another size is none; 0: any size is good
+  int32_t MostBytes = 0;  // for a BlockSize of 0: a block of more is none
 };
 
 // `path` ends in the separator behind which the values' names go. At most kEntryLimit.
@@ -38,10 +39,6 @@ int32_t CountEntries(const ORegistry& store, const OString& path);
 OString EntryPath(const EntryKind& kind, const OString& path, int32_t number);
 // Texts are empty, and so is the block, where there is none.
 NumberedEntry ReadEntry(const ORegistry& store, const EntryKind& kind, const OString& entryPath);
-// Each value only if it differs from what is stored. False if the store refused it.
-bool WriteEntry(ORegistry& store, const EntryKind& kind, const OString& entryPath,
-                const NumberedEntry& entry);
-
 // How a list replaces the stored one.
 enum class EntryWriting {
   // Somebody else sees to it that all of it is done or nothing.
@@ -49,11 +46,23 @@ enum class EntryWriting {
   // Value by value, so that whoever stops it at any point leaves each entry as it was or as it is
   // to be: an entry is written to its new place, or to one behind the list, before its old place is
   // given away. Entries are told apart by their names; of those of one name the first follows the
-  // first, the second the second.
+  // first, the second the second. Whoever is stopped may leave an entry at two places, and with
+  // them a total that
+  // is too large; the next writing mends that.
   kOneByOne,
 };
 
-// Each entry has a block. False, with the rest left undone, as soon as the store refuses a value.
+// An entry that stands alone, of a path of its own. Written one by one it is found as it was or as
+// it is to be at any point. Only values that differ from what is stored are written. False, with
+// the rest left undone, as soon as the store refuses one.
+NumberedEntry ReadLoneEntry(const ORegistry& store, const EntryKind& kind,
+                            const OString& entryPath);
+bool WriteLoneEntry(ORegistry& store, const EntryKind& kind, const OString& entryPath,
+                    const NumberedEntry& entry, EntryWriting writing);
+
+// Replaces the list and its total. Each entry has a block. Only values that differ from what is
+// stored are written. False, with the rest left undone, as soon as the store refuses a value, and
+// with nothing done if there are more than kEntryLimit.
 bool WriteEntries(ORegistry& store, const EntryKind& kind, const OString& path,
                   const std::vector<NumberedEntry>& entries, EntryWriting writing);
 

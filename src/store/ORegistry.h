@@ -109,8 +109,10 @@ class ORegistry {
   bool DeleteMatching(const OString& pattern);
 
   // Appends the branch at a key path, taken whole without Root, as lines of text: see "The text of
-  // a branch" in docs/formats.md. The flags concern the top key only. Strings and lists of more
-  // than 8192 bytes are left out. False if the path is none; a key that is missing has no values.
+  // a branch" in docs/formats.md. The flags concern the top key only. Left out are strings and
+  // lists of more than 8192 bytes, double words of another size than four, and values and keys with
+  // a line end in their name; a string with a line end goes as binary. False if the path is none; a
+  // key that is missing has no values.
   bool ExportBranch(const OString& path, OStringArray* lines, uint32_t flags);
   // Applies such lines, whatever keys they name; see KeepSectionsBelow for lines from outside. What
   // can't be read or written is passed over. Root is left at the last section. Always true.

@@ -24,6 +24,8 @@ bool HasLineEnd(const std::vector<uint8_t>& text) {
   return false;
 }
 
+bool HasLineEnd(const OString& name) { return name.FindOneOf("\r\n") >= 0; }
+
 bool ReadBranchValue(platform::KeyHandle key, const OString& name, BranchValue* value) {
   int size = 0;
   if (!platform::GetValueSize(key, name.GetWide(), &size)) return false;
@@ -35,7 +37,9 @@ bool ReadBranchValue(platform::KeyHandle key, const OString& name, BranchValue* 
   if (platform::ReadValue(key, name.GetWide(), buffer, size, &value->Type) != size) return false;
   switch (value->Type) {
     case platform::kValueString:
-      return size <= kLongestText && !HasLineEnd(value->Data);
+      // Whoever reads a text doesn't look at the type.
+      if (HasLineEnd(value->Data)) value->Type = platform::kValueBinary;
+      return size <= kLongestText;
     case platform::kValueMultiString:
       return size <= kLongestText;
     case platform::kValueDword:
@@ -59,14 +63,17 @@ uint32_t ChecksumOf(const OStringArray& lines, int32_t first) {
 }  // namespace
 
 void ORegistry::ExportKey(const OString& key, OStringArray* lines) const {
-  lines->Add(MakeBranchHeader(key, false));
+  const OString header = MakeBranchHeader(key, false);
+  if (HasLineEnd(header)) return;
+  lines->Add(header);
   OStringArray names;
   ListNames(key, platform::EnumerateValue, &names);
   {
     const ScopedKey opened(OpenKey(key, false));
     for (int32_t i = 0; i < names.Count; ++i) {
       BranchValue value;
-      if (IsChecksum(names[i]) || !ReadBranchValue(opened.Get(), names[i], &value)) continue;
+      if (IsChecksum(names[i]) || HasLineEnd(names[i])) continue;
+      if (!ReadBranchValue(opened.Get(), names[i], &value)) continue;
       AppendBranchValue(value, lines);
     }
   }
@@ -84,7 +91,7 @@ bool ORegistry::ExportBranch(const OString& path, OStringArray* lines, uint32_t 
   OString value;
   if (!SplitPath(&key, &value)) return false;
   const int32_t first = lines->Count;
-  if (flags & kExportDeletion) {
+  if ((flags & kExportDeletion) && !HasLineEnd(ToDisplayForm(key))) {
     lines->Add(MakeBranchHeader(key, true));
     lines->Add(OString());
   }

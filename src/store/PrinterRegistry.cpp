@@ -3,6 +3,7 @@
 #include "core/DriverPath.h"
 #include "store/PrinterId.h"
 #include "store/RegistryPath.h"
+#include "store/SharedBranches.h"
 
 namespace ostvt {
 namespace {
@@ -170,9 +171,9 @@ void PrinterRegistry::ListBranchRoots(OStringArray* array) const {
   names.SetSize(0);
   EnumerateKeys("LOCAL:", &names);
   for (int32_t i = 0; i < names.Count; ++i) {
-    // These belong to the machine, not to the printer.
-    if (names[i] == "X16" || names[i] == "XPML" || names[i] == "Network") continue;
-    array->Add("LOCAL:" + Escape(names[i]));
+    bool isMachinesOwn = false;
+    for (const char* branch : kMachinesOwnBranches) isMachinesOwn |= names[i] == branch;
+    if (!isMachinesOwn) array->Add("LOCAL:" + Escape(names[i]));
   }
 }
 

@@ -9,7 +9,6 @@ namespace {
 
 constexpr char kDataRoot[] = "DATA:";
 constexpr char kLocalRoot[] = "LOCAL:";
-constexpr const char* kMachinesOwn[] = {"X16", "XPML", "Network"};
 
 // The name of the branch that `key` lies in, if `root` is the key above it; else "".
 OString BranchBelow(const PrinterRegistry& store, const char* root, const OString& key) {
@@ -49,7 +48,7 @@ void ListNamedBranches(const PrinterRegistry& store, const OStringArray& lines,
 }  // namespace
 
 bool IsMachinesOwnBranch(const OString& name) {
-  for (const char* branch : kMachinesOwn) {
+  for (const char* branch : kMachinesOwnBranches) {
     if (name.CompareNoCase(branch) == 0) return true;
   }
   return false;

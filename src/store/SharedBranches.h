@@ -9,7 +9,9 @@ namespace ostvt {
 
 class PrinterRegistry;
 
-// A key below "LOCAL:" that is each machine's own, by its plain name.
+// Keys below "LOCAL:" that belong to the machine, not to the printer.
+inline constexpr const char* kMachinesOwnBranches[] = {"X16", "XPML", "Network"};
+// By its plain name, whatever its case: to the store that is the same key.
 bool IsMachinesOwnBranch(const OString& name);
 
 // Keeps the sections and deletions of branches below "DATA:" and "LOCAL:", whether `store` has them

@@ -7,6 +7,7 @@
 #include "platform/Spooler.h"
 #include "tests/comm/MonitorLinkFixture.h"
 #include "tests/settings/SavesAtOnce.h"
+#include "tests/support/FullDisk.h"
 #include "tests/support/TempDirectory.h"
 
 namespace ostvt::test {
@@ -151,6 +152,36 @@ TEST_F(NetworkSettings, RecordWithoutItsEndChangesNothing) {
   EXPECT_FALSE(Import("<network>\r\n[NETWORK:]\r\n\"A\"=hex:02\r\n"));
   EXPECT_EQ(1, Store().ReadByte("NETWORK:A", 0));
 }
+
+TEST_F(NetworkSettings, SecondOpeningInAnUnclosedRecordStartsAnew) {
+  EXPECT_TRUE(
+      Import("<network>\r\n[NETWORK:]\r\n\"A\"=hex:01\r\n"
+             "<network>\r\n[NETWORK:]\r\n\"B\"=hex:02\r\n</network>\r\n"));
+  EXPECT_EQ(0, Store().ReadByte("NETWORK:A", 0));
+  EXPECT_EQ(2, Store().ReadByte("NETWORK:B", 0));
+}
+
+#ifdef __linux__
+
+TEST_F(NetworkSettings, RecordThatTheStoreRefusesIsNone) {
+  Store().WriteInt("NETWORK:TCP Port", 7);
+  OFile file(Files
+                 .Put("in.sds",
+                      "<network>\r\n[NETWORK:]\r\n\"TCP Port\"=hex:01,00,00,00\r\n"
+                      "</network>\r\n")
+                 .c_str(),
+             kFileShareAll);
+  {
+    const FullDisk full;
+    EXPECT_FALSE(ImportNetworkSettings(Link, file));
+  }
+  EXPECT_EQ(7, Link.GetTcpPort());
+  EXPECT_TRUE(Monitor.Requests.empty());
+  EXPECT_TRUE(ImportNetworkSettings(Link, file));
+  EXPECT_EQ(1, Link.GetTcpPort());
+}
+
+#endif
 
 TEST_F(NetworkSettings, FileWithoutARecordChangesNothing) {
   Store().WriteByte("NETWORK:A", 1);

@@ -305,5 +305,23 @@ TEST(OStringTrim, WideTextIsTrimmedByUnits) {
   EXPECT_EQ(u"x", WideOf(text));
 }
 
+TEST(OStringTrim, BothEndsAreTrimmedAtOnce) {
+  OString text(" \t a b\r\n ");
+  text.Trim(" \t\r\n");
+  EXPECT_STREQ("a b", text.GetNarrow());
+  OString wide(u"\u0416x\u0416\u0416");
+  wide.Trim(u"\u0416");
+  EXPECT_EQ(u"x", WideOf(wide));
+  OString blanks("  ");
+  blanks.Trim(" ");
+  EXPECT_TRUE(blanks.IsEmpty());
+}
+
+TEST(OStringTrim, SetMayBeTheTextItself) {
+  OString text("abcab");
+  text.Trim(text);
+  EXPECT_TRUE(text.IsEmpty());
+}
+
 }  // namespace
 }  // namespace ostvt

@@ -53,6 +53,41 @@ TEST(OStringCompare, NoCaseFoldsAsciiLettersOnly) {
 // "_" lies between the cases: folding up puts it behind the letters, folding down in front.
 TEST(OStringCompare, NoCaseFoldsToUpperCase) { EXPECT_EQ(1, OString("_").CompareNoCase("a")); }
 
+TEST(OStringStartsWith, PrefixIsComparedByUnit) {
+  EXPECT_TRUE(OString("Label 2").StartsWith("Label"));
+  EXPECT_TRUE(OString("Label").StartsWith("Label"));
+  EXPECT_FALSE(OString("Label").StartsWith("label"));
+  EXPECT_FALSE(OString("A Label").StartsWith("Label"));
+  EXPECT_TRUE(OString(u"\u0416x").StartsWith(u"\u0416"));
+  EXPECT_FALSE(OString(u"\u0416x").StartsWith(u"\u0416y"));
+}
+
+TEST(OStringStartsWith, TextShorterThanThePrefixDoesNot) {
+  EXPECT_FALSE(OString("Lab").StartsWith("Label"));
+  EXPECT_FALSE(OString().StartsWith("L"));
+  EXPECT_FALSE(OString(u"L").StartsWithNoCase("La"));
+}
+
+TEST(OStringStartsWith, EveryTextBeginsWithTheEmptyOne) {
+  EXPECT_TRUE(OString("Label").StartsWith(""));
+  EXPECT_TRUE(OString().StartsWith(OString()));
+  EXPECT_TRUE(OString().StartsWithNoCase(""));
+}
+
+TEST(OStringStartsWith, NoCaseFoldsAsciiLettersOnly) {
+  EXPECT_TRUE(OString("ISO-8859-1").StartsWithNoCase("iso-"));
+  EXPECT_TRUE(OString(u"iso-8859-1").StartsWithNoCase("ISO-"));
+  EXPECT_FALSE(OString(u"\u00E9t").StartsWithNoCase(u"\u00C9"));
+  EXPECT_FALSE(OString("[x").StartsWithNoCase("{"));
+}
+
+// Two bytes of the prefix are one unit of the text.
+TEST(OStringStartsWith, PrefixOfAMultiBytePageIsReadAsText) {
+  EXPECT_TRUE(OString(u"\u65E5\u672C").StartsWith(InPage(932, "\x93\xFA")));
+  EXPECT_TRUE(InPage(932, "\x93\xFA\x96\x7B").StartsWith(u"\u65E5"));
+  EXPECT_FALSE(InPage(932, "\x93\xFA\x96\x7B").StartsWith("\x93"));
+}
+
 TEST(OStringMatch, WithoutWildcardsIsEquality) {
   EXPECT_TRUE(OString("Label").Match("Label"));
   EXPECT_FALSE(OString("Label").Match("label"));

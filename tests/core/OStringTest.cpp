@@ -394,5 +394,23 @@ TEST(OString, ClearKeepsTheCapacity) {
   EXPECT_EQ(2048u, CountedSize(text.GetNarrow()));
 }
 
+TEST(OString, CopyOfTextHasABodyOfItsOwn) {
+  OString text = "abc";
+  OString copy = CopyOfText(text);
+  EXPECT_TRUE(copy == text);
+  EXPECT_NE(copy.GetNarrow(), text.GetNarrow());
+  OString wide = u"\u0416";
+  copy = CopyOfText(wide);
+  EXPECT_TRUE(copy == wide);
+  EXPECT_NE(copy.GetWide(), wide.GetWide());
+  OString paged;
+  paged.SetCodePage(kCodePageUtf8);
+  paged = "\xD0\x96";
+  copy = CopyOfText(paged);
+  EXPECT_EQ(copy.GetCodePage(), kCodePageUtf8);
+  EXPECT_TRUE(copy == wide);
+  EXPECT_TRUE(CopyOfText(OString()).IsEmpty());
+}
+
 }  // namespace
 }  // namespace ostvt

@@ -317,7 +317,7 @@ TEST_F(PrinterFiles, StatusMonitorOpensWhereTheModelWantsIt) {
   Install();
   ASSERT_EQ(started.size(), 3u);
   const MonitorLink link(Printer->Name());
-  EXPECT_EQ(started[2], (Started{link.GetStatusMonitorCommand("open").GetWide(), 0, u""}));
+  EXPECT_EQ(started[2], (Started{link.GetStatusMonitorCommand("open").GetWide(), 0, SystemPath}));
   EXPECT_TRUE(started[2].Line.ends_with(u",StatusMonitor open \"Test Printer\""));
 }
 

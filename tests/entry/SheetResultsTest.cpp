@@ -170,9 +170,17 @@ TEST_F(SheetResults, CancelWithoutTheCopyBitLeavesTheOutput) {
 
 TEST_F(SheetResults, ResultsWithoutOutputAreTaken) {
   AddPrinter();
+  const std::vector<uint8_t> before = StoredDevMode();
   DocumentPropertyHeader header = DocumentHeader(2, nullptr);
-  RunDocumentSheet(&header, kResultOk);
-  RunDocumentSheet(&header, kResultCancel);
+  for (intptr_t result : {kResultOk, kResultCancel}) {
+    SheetHost host(DrvDocumentPropertySheets, &header);
+    ASSERT_EQ(host.Init(), 1);
+    Edit(host, 77);
+    EXPECT_EQ(host.SetResult(result), 1);
+    EXPECT_EQ(host.Info.Result, static_cast<uintptr_t>(result));
+    EXPECT_EQ(host.Destroy(), 1);
+  }
+  EXPECT_EQ(StoredDevMode(), before);
 }
 
 TEST_F(SheetResults, OtherResultsAreOnlyPassedOn) {

@@ -42,7 +42,13 @@ TEST_F(FamilySession, FactoriesWorkTogether) {
   EXPECT_EQ(2, session->DevModeBuffer.GetColor());
 }
 
-TEST_F(FamilySession, OneThatWasNeverInitializedCanBeDeleted) { delete CreateDriverSession(); }
+TEST_F(FamilySession, OneThatWasNeverInitializedOwnsNothingAndCanBeDeleted) {
+  DriverSession* session = CreateDriverSession();
+  ASSERT_NE(nullptr, session);
+  EXPECT_EQ(nullptr, session->Model);
+  EXPECT_EQ(0u, session->DevModeBuffer.GetSize());
+  delete session;
+}
 
 }  // namespace
 }  // namespace ostvt::test

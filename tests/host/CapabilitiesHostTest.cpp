@@ -89,8 +89,9 @@ TEST_F(CapabilitiesHost, NamesFillTheirSlotsAndNothingBehind) {
 }
 
 TEST_F(CapabilitiesHost, DependentFilesHaveNoDirectory) {
-  const wchar_t* const files[] = {L"vt#base.ddz", L"vt#ost.ddz", L"ostenu.chm", L"ostdeu.chm"};
-  constexpr int kFiles = 4;
+  const wchar_t* const files[] = {L"vt#base.ddz", L"vt#ost.ddz", L"Defaults.sds", L"ostenu.chm",
+                                  L"ostdeu.chm"};
+  constexpr int kFiles = 5;
   ASSERT_EQ(Ask(DC_FILEDEPENDENCIES), kFiles);
   std::vector<wchar_t> names(64 * kFiles + 8, 0xCCCC);
   ASSERT_EQ(Ask(DC_FILEDEPENDENCIES, names.data()), kFiles);

@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <string>
 
 #include "companions/netmon/AnswerStore.h"
@@ -57,18 +56,6 @@ class NetmonJob : public testing::Test {
 
   LittlePrinter Printer;
   TestPrinter Spooled;
-};
-
-class Stopwatch {
- public:
-  int Milliseconds() const {
-    return static_cast<int>(std::chrono::duration_cast<std::chrono::milliseconds>(
-                                std::chrono::steady_clock::now() - Start)
-                                .count());
-  }
-
- private:
-  std::chrono::steady_clock::time_point Start = std::chrono::steady_clock::now();
 };
 
 }  // namespace ostvt::test

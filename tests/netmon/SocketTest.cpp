@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
-
 #include "tests/support/LittlePrinter.h"
 
 namespace ostvt::test {
@@ -15,6 +13,7 @@ using netmon::ResolveHost;
 using netmon::Socket;
 
 constexpr int kSecond = 1000;
+constexpr int kDay = 24 * 60 * 60 * kSecond;
 
 std::string AddressOf(const std::string& port) {
   PortAddress address;
@@ -27,12 +26,6 @@ PortAddress AddressOf(const LittlePrinter& printer) {
 
 bool Send(Socket* socket, const std::string& bytes, int timeout = kSecond) {
   return socket->Send(reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size(), timeout);
-}
-
-int MillisecondsSince(std::chrono::steady_clock::time_point start) {
-  return static_cast<int>(std::chrono::duration_cast<std::chrono::milliseconds>(
-                              std::chrono::steady_clock::now() - start)
-                              .count());
 }
 
 TEST(PortAddress, PortStandsBehindTheLastColon) {
@@ -101,13 +94,12 @@ TEST(Socket, BrokenConnectionIsNoCleanEnd) {
 }
 #endif
 
+// A test that waited for the timeout would not end.
 TEST(Socket, RefusedConnectionFailsAtOnce) {
   LittlePrinter printer;
   printer.StopListening();
   Socket socket;
-  const auto start = std::chrono::steady_clock::now();
-  EXPECT_FALSE(socket.Connect(AddressOf(printer), 20 * kSecond));
-  EXPECT_LT(MillisecondsSince(start), 10 * kSecond);
+  EXPECT_FALSE(socket.Connect(AddressOf(printer), kDay));
 }
 
 TEST(Socket, PrinterThatTakesNothingEndsTheSending) {
@@ -115,9 +107,8 @@ TEST(Socket, PrinterThatTakesNothingEndsTheSending) {
   printer.SetStalled(true);
   Socket socket;
   ASSERT_TRUE(socket.Connect(AddressOf(printer), kSecond));
-  const auto start = std::chrono::steady_clock::now();
   EXPECT_FALSE(Send(&socket, std::string(64 << 20, 'x'), 200));
-  EXPECT_LT(MillisecondsSince(start), 20 * kSecond);
+  EXPECT_GT(size_t{64} << 20, printer.Received().size());
 }
 
 TEST(Socket, UnreadAnswerDoesNotCutOffWhatWasSent) {

@@ -2,6 +2,7 @@
 #include "core/OFile.h"
 #include "settings/DriverOptions.h"
 #include "tests/settings/SettingsFixture.h"
+#include "tests/support/FullDisk.h"
 
 namespace ostvt::test {
 namespace {
@@ -197,11 +198,53 @@ TEST_F(DriverOptionsText, ImportOfTheUnprintableWidthInvalidatesTheModel) {
   EXPECT_NE(before, Synchronization());
 }
 
+// An administrator's choice of a section, by which the model is read.
+TEST_F(DriverOptionsText, ImportOfATableInvalidatesTheModel) {
+  const uint32_t before = Synchronization();
+  EXPECT_TRUE(Import(Block("[DATA:\\Settings\\table]\r\n\"Drawing\"=\"D\"\r\n")));
+  EXPECT_NE(before, Synchronization());
+}
+
+// The model's groups of fonts are made by them and kept.
+TEST_F(DriverOptionsText, ImportOfFontChoicesInvalidatesTheModel) {
+  for (const char* name : {"Expansion Fonts", "excluded fonts"}) {
+    Store().WriteString("MODEL:Font Groups", "kept");
+    const std::string value = "\"" + std::string(name) + "\"=hex(7):61,00,00,00,00,00\r\n";
+    EXPECT_TRUE(Import(Block("[DATA:\\Settings]\r\n" + value)));
+    EXPECT_TRUE(Store().ReadString("MODEL:Font Groups", "").IsEmpty()) << name;
+  }
+}
+
 TEST_F(DriverOptionsText, ImportOfOtherOptionsLeavesTheModelAlone) {
   const uint32_t before = Synchronization();
   EXPECT_TRUE(Import(Block(kLogging)));
+  EXPECT_TRUE(Import(Block("[-DATA:\\Settings\\Logging]\r\n")));
+  EXPECT_TRUE(
+      Import(Block("[DATA:\\Settings\\Other\\Specifications]\r\n\"A\"=hex:01\r\n"
+                   "[DATA:\\Settings\\Other]\r\n\"Unprintable Width\"=hex:01\r\n")));
   EXPECT_EQ(before, Synchronization());
 }
+
+#ifdef __linux__
+
+TEST_F(DriverOptionsText, ImportThatTheStoreRefusesIsNone) {
+  Model();
+  Options.SetOverwriteFiles(true);
+  const std::string before = StoreDump();
+  const std::string path = Files.Put(
+      "options.sds", Block("[DATA:\\Settings\\Specifications]\r\n\"Override\"=hex:01\r\n"));
+  OFile file(path.c_str(), kFileShareAll);
+  {
+    const FullDisk full;
+    EXPECT_FALSE(Options.ImportText(file, "Ostrel Test", "ost"));
+  }
+  EXPECT_EQ("", DumpDifference(before, StoreDump()));
+  // Edits stay where nothing took their place.
+  EXPECT_TRUE(Options.GetOverwriteFiles());
+  EXPECT_TRUE(Options.ImportText(file, "Ostrel Test", "ost"));
+}
+
+#endif
 
 // The object that the session reads with keeps its root.
 TEST_F(DriverOptionsText, RootOfTheModelsStoreStays) {

@@ -81,6 +81,14 @@ TEST_F(PresetText, ExportOfBuiltInEntriesOnlyWritesNothing) {
   EXPECT_EQ(0, Count);
 }
 
+TEST_F(PresetText, TextsOfSeveralLinesAreReadBackAsOne) {
+  Add("Shelf\n</preset>", 5, "one\r\nName=other");
+  const std::string text = Exported();
+  List.ClearAll();
+  EXPECT_EQ(1, Import(text));
+  EXPECT_EQ("Shelf </preset>:5:one  Name=other;", ContentOf(List));
+}
+
 TEST_F(PresetText, ExportUsesTheStreamsCodePage) {
   Add(u"\u6807caf\u00E9", 0, u"\u6807");
   const std::string text = Exported(kCodePageUtf8);

@@ -14,11 +14,10 @@
 
 #include "model/PrinterModel.h"
 #include "store/PrinterId.h"
+#include "tests/support/ChildProcess.h"
 
 #ifdef __linux__
 #include <signal.h>
-#include <sys/wait.h>
-#include <unistd.h>
 #endif
 
 namespace ostvt::test {
@@ -46,14 +45,6 @@ void ExpectOneListAfterTwoThreads(const OString& printer, const std::string (&co
 
 #ifdef __linux__
 
-template <typename Action>
-pid_t Fork(Action action) {
-  const pid_t child = fork();
-  if (child != 0) return child;
-  action();
-  _exit(0);
-}
-
 template <typename Save, typename Read>
 void ExpectOldOrNewListAfterKill(PrinterModel* model, const std::string (&contents)[2], Save save,
                                  Read read) {
@@ -74,9 +65,7 @@ void ExpectOldOrNewListAfterKill(PrinterModel* model, const std::string (&conten
     });
     usleep(static_cast<useconds_t>(10000 + random() % (10000 + 4 * time.count())));
     kill(child, SIGKILL);
-    int status = 0;
-    waitpid(child, &status, 0);
-    ASSERT_TRUE(WIFSIGNALED(status));
+    ASSERT_EQ(-1, ExitCodeOf(child));
     const std::string stored = read();
     ASSERT_TRUE(stored == contents[0] || stored == contents[1]) << stored;
     ++seen[stored == contents[1]];
@@ -104,11 +93,7 @@ void ExpectOneListAfterTwoProcesses(PrinterModel* model, const std::string (&con
       EXPECT_TRUE(stored == contents[0] || stored == contents[1] || round == 0) << stored;
       usleep(2000);
     }
-    for (const pid_t child : children) {
-      int status = 0;
-      waitpid(child, &status, 0);
-      EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
-    }
+    for (const pid_t child : children) EXPECT_EQ(0, ExitCodeOf(child));
     const std::string stored = read();
     ASSERT_TRUE(stored == contents[0] || stored == contents[1]) << stored;
   }

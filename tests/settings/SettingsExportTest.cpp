@@ -1,11 +1,13 @@
 // Settings written to a file: what is in it, and that it is there whole or not at all.
 #include <filesystem>
+#include <random>
 
 #include "settings/SettingsFile.h"
-#include "tests/settings/SavesAtOnce.h"
 #include "tests/settings/SettingsFileFixture.h"
+#include "tests/support/ChildProcess.h"
 
 #ifdef __linux__
+#include <signal.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #endif
@@ -202,9 +204,7 @@ TEST_F(SettingsExport, FullDiskLeavesTheOldFile) {
           Session->ExportSettings(Files.Path("out.sds").c_str(), kAllSections, &written);
       _exit(done || CountAll(written) != 0);
     });
-    int status = 0;
-    waitpid(child, &status, 0);
-    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << room;
+    EXPECT_EQ(0, ExitCodeOf(child)) << room;
     EXPECT_EQ(old, Files.Get("out.sds")) << room;
     EXPECT_EQ(2, FilesBeside()) << room;
   }
@@ -233,9 +233,7 @@ TEST_F(SettingsExport, KillInTheMiddleLeavesTheOldFileOrTheNewOne) {
     });
     usleep(static_cast<useconds_t>(2000 + random() % 60000));
     kill(child, SIGKILL);
-    int status = 0;
-    waitpid(child, &status, 0);
-    ASSERT_TRUE(WIFSIGNALED(status));
+    ASSERT_EQ(-1, ExitCodeOf(child));
     const std::string left = Files.Get("out.sds");
     ASSERT_TRUE(left == contents[0] || left == contents[1]) << round;
   }

@@ -182,6 +182,7 @@ inline void SettingsFileTest::FillAll() {
   AddStockTo(&stock, u"\u6807 = caf\u00E9", 40000, 30000)->TopMargin = 500;
   AddStockTo(&stock, "Shelf", 50000, 25000)->LeftMargin = 1000;
   AddStockTo(&stock, "Wide", 100000, 25000);
+  stock.GetFirst()->Height = 12345;  // the user form
   stock.Normalize();
 
   DevMode& devMode = Session->DevModeBuffer;

@@ -348,5 +348,16 @@ TEST_F(SettingsImport, TenThousandRecordsAreRead) {
   EXPECT_EQ("2001 2 2000 2000 2000 2000", Counts());
 }
 
+TEST_F(SettingsImport, OnlyAsManyAreTakenAsTheStoreHolds) {
+  std::string bytes = "SFM1" + Number(60);
+  for (int i = 0; i < 10000; ++i) bytes += StockRecord("S" + std::to_string(i));
+  EXPECT_EQ("9998 0 0 0 0 0 0 0 0 0", Import(bytes));
+  EXPECT_EQ("0 0 0 0 0 0 0 0 0 0", Import(bytes));
+  Session->Save();
+  Reopen();
+  EXPECT_EQ(9999, Session->GetStock().GetCount());
+  EXPECT_NE(nullptr, Session->GetStock().FindByName("S9997"));
+}
+
 }  // namespace
 }  // namespace ostvt::test

@@ -108,6 +108,21 @@ TEST_F(SettingsTransfer, AnotherModelGetsThemWithoutWhatDoesNotFit) {
   EXPECT_EQ(uint32_t{300 << 16 | 300}, Session->DevModeBuffer.GetResolution());
 }
 
+TEST_F(SettingsTransfer, UserFormTravelsWithTheOptions) {
+  FillAll();
+  Exported(kAllSections);
+  Install(FullModelText());
+  ASSERT_NE(12345, Session->GetStock().GetFirst()->Height);
+  TakeFile();
+  ASSERT_TRUE(Session->GetStock().GetFirst()->IsUserForm());
+  EXPECT_EQ(12345, Session->GetStock().GetFirst()->Height);
+  Session->ResetSettings(kSectionOptions);
+  EXPECT_NE(12345, Session->GetStock().GetFirst()->Height);
+  Session->Save();
+  Reopen();
+  EXPECT_NE(12345, Session->GetStock().GetFirst()->Height);
+}
+
 TEST_F(SettingsTransfer, StockThatADeviceModeNamesIsFoundUnderItsNewNumber) {
   FillAll();
   Exported(kAllSections);

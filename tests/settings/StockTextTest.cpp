@@ -254,6 +254,20 @@ TEST_F(StockText, BinaryNameEndsAtItsNulOrWithTheRecord) {
   EXPECT_EQ("USER,ABCD,X", NamesOf(List));
 }
 
+TEST_F(StockText, BinaryRecordWithoutANameIsDroppedAndNotCounted) {
+  EXPECT_EQ(1, ImportBinary("SFM1" + Number(40) + Record("", 40, 4) + Record("A", 40, 4) +
+                            Record("", 40, 1)));
+  EXPECT_EQ("USER,A", NamesOf(List));
+}
+
+TEST_F(StockText, StockWithoutANameIsNeitherWrittenNorCounted) {
+  AddStockTo(&List, "");
+  AddStockTo(&List, "A");
+  const std::string text = Exported();
+  EXPECT_EQ(1, Count);
+  EXPECT_EQ(0u, text.find("<stock>\r\nName=A\r\n"));
+}
+
 TEST_F(StockText, BinaryRecordThatIsCutOffIsDropped) {
   const std::string whole = "SFM1" + Number(40) + Record("A", 40, 4) + Record("B", 40, 4);
   EXPECT_EQ(1, ImportBinary(whole.substr(0, whole.size() - 1)));

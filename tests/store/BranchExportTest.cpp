@@ -183,11 +183,27 @@ TEST_F(BranchExport, LineIsBrokenOnlyBeforeAByte) {
 }
 
 // What stands behind the line end would be read as a line of its own.
-TEST_F(BranchExport, TextsOfMoreThanOneLineDoNotTravel) {
-  Registry.WriteString(At("a"), "one\r\n[-HKEY_CURRENT_USER\\SOFTWARE]");
-  Registry.WriteString(At("b"), "one\ntwo");
+TEST_F(BranchExport, TextOfMoreThanOneLineTravelsAsBinary) {
+  Registry.WriteString(At("a"), "1\r\n[");
+  Registry.WriteString(At("b"), "1\n");
   Registry.WriteString(At("c"), "one");
-  EXPECT_EQ((std::vector<std::string>{"\"c\"=\"one\"", ""}), ExportedValues());
+  const TextLines lines{"\"a\"=hex:31,00,0d,00,0a,00,5b,00,00,00", "\"b\"=hex:31,00,0a,00,00,00",
+                        "\"c\"=\"one\"", ""};
+  EXPECT_EQ(lines, ExportedValues());
+  // There it is the same text, and the same line.
+  Registry.Delete(kBase, true);
+  Import({Header(), lines[0], lines[1], lines[2], ""});
+  EXPECT_EQ("1\r\n[", Text(Registry.ReadString(At("a"), "")));
+  EXPECT_EQ(lines, ExportedValues());
+}
+
+TEST_F(BranchExport, NamesOfMoreThanOneLineDoNotTravel) {
+  Registry.WriteByte(At("a\n[-HKEY_CURRENT_USER\\SOFTWARE]\n/V"), 1);
+  Registry.WriteByte(At("b/V"), 1);
+  Registry.WriteByte(At("x\r\"=hex:01"), 1);
+  Registry.WriteByte(At("y\n"), 1);
+  EXPECT_EQ((TextLines{Header(), "", Header("\\b"), "\"V\"=hex:01", ""}), Export());
+  EXPECT_EQ(TextLines{}, Export(kExportDeletion, At("c\nd")));
 }
 
 TEST_F(BranchExport, TextsAndListsAbove8192BytesDoNotTravel) {

@@ -16,7 +16,7 @@ namespace {
 
 constexpr char kPath[] = "LOCAL:Tests-Store/Entries/";
 constexpr char kKey[] = "LOCAL:Tests-Store/Entries";
-constexpr EntryKind kAnySize = {"Entry ", ":: Name", ":: Text", ":: Block", 0};
+constexpr EntryKind kAnySize = {"Entry ", ":: Name", ":: Text", ":: Block", 0, 1000};
 constexpr EntryKind kTwoBytes = {"Entry ", ":: Name", nullptr, ":: Block", 2};
 
 using Entries = std::vector<NumberedEntry>;
@@ -141,12 +141,85 @@ TEST_F(NumberedEntriesTest, LongTextIsNotCutInsideACharacter) {
   EXPECT_TRUE(std::u16string(kEntryTextUnits - 1, u'x') == stored.Name.GetWide());
 }
 
-TEST_F(NumberedEntriesTest, BlockLargerThanAnyDeviceModeIsNone) {
+TEST_F(NumberedEntriesTest, BlockLargerThanTheKindsLargestIsNone) {
   ORegistry registry;
   NumberedEntry entry = Make("A", "text", 1);
-  entry.Block.resize(2 * 0xFFFF + 1);
-  EXPECT_TRUE(WriteEntry(registry, kAnySize, EntryPath(kAnySize, kPath, 1), entry));
+  entry.Block.resize(1000);
+  EXPECT_TRUE(Write(registry, {entry}, EntryWriting::kTogether));
+  EXPECT_EQ(1000u, ReadEntry(registry, kAnySize, EntryPath(kAnySize, kPath, 1)).Block.size());
+  entry.Block.resize(1001);
+  EXPECT_TRUE(Write(registry, {entry}, EntryWriting::kTogether));
   EXPECT_TRUE(ReadEntry(registry, kAnySize, EntryPath(kAnySize, kPath, 1)).Block.empty());
+}
+
+class LoneEntry : public NumberedEntriesTest {
+ protected:
+  static constexpr char kLone[] = "LOCAL:Tests-Store/Entries/Lone";
+
+  static bool WriteLone(ORegistry& registry, const NumberedEntry& entry,
+                        EntryWriting writing = EntryWriting::kOneByOne) {
+    return WriteLoneEntry(registry, kAnySize, kLone, entry, writing);
+  }
+  static std::string Read() {
+    const NumberedEntry entry = ReadLoneEntry(ORegistry(), kAnySize, kLone);
+    return entry.Block.empty() ? "(none)" : TextOf(entry);
+  }
+  static void RestoreLone(const NumberedEntry& entry) {
+    ORegistry registry;
+    registry.Delete(kKey, true);
+    ASSERT_TRUE(WriteLone(registry, entry));
+  }
+};
+
+TEST_F(LoneEntry, StoppedAnywhereIsFoundAsItWasOrAsItIsToBe) {
+  const NumberedEntry before = Make("A", "old", 1);
+  for (const NumberedEntry& after : {Make("B", "new", 2), Make("A", "old", 2)}) {
+    bool isNew = false;
+    for (int calls = 0;; ++calls) {
+      RestoreLone(before);
+      StoppingRegistry stopping(calls);
+      const bool done = WriteLone(stopping, after);
+      const std::string found = Read();
+      EXPECT_TRUE(found == TextOf(before) || found == TextOf(after)) << found << " after " << calls;
+      // Nor does it go back.
+      EXPECT_TRUE(!isNew || found == TextOf(after)) << "after " << calls;
+      isNew = found == TextOf(after);
+      // What was left takes the next one, stopped or not, as if nothing had happened.
+      for (int more = 4; more < 12; ++more) {
+        StoppingRegistry again(more);
+        WriteLone(again, Make("C", "third", 3));
+        const std::string now = Read();
+        EXPECT_TRUE(now == found || now == "C:third:3") << now << " after " << calls << "," << more;
+        if (now != found) break;
+      }
+      if (HasFailure() || (done && !stopping.IsStopped())) break;
+    }
+    EXPECT_TRUE(isNew);
+  }
+}
+
+TEST_F(LoneEntry, NothingElseIsLeftBehind) {
+  RestoreLone(Make("A", "old", 1));
+  ORegistry registry;
+  EXPECT_TRUE(WriteLone(registry, Make("B", "new", 2)));
+  EXPECT_EQ(3, ValueCount());
+  // Stopped with the copy written and the block gone, then written with nothing to change.
+  StoppingRegistry stopping(8);
+  EXPECT_FALSE(WriteLone(stopping, Make("C", "newer", 3)));
+  EXPECT_EQ(5, ValueCount());
+  EXPECT_EQ("C:newer:3", Read());
+  EXPECT_TRUE(WriteLone(registry, Make("C", "newer", 3)));
+  EXPECT_EQ("C:newer:3", Read());
+  EXPECT_EQ(3, ValueCount());
+}
+
+TEST_F(LoneEntry, WrittenTogetherTakesNoCopy) {
+  RestoreLone(Make("A", "old", 1));
+  StoppingRegistry counting(100);
+  EXPECT_TRUE(WriteLone(counting, Make("B", "new", 2), EntryWriting::kTogether));
+  // Three values and the block's size read, three values written.
+  EXPECT_EQ(7, counting.CallsMade());
+  EXPECT_EQ("B:new:2", Read());
 }
 
 TEST_F(NumberedEntriesTest, KindWithoutADescriptionWritesNone) {

@@ -50,6 +50,7 @@ class TestMonitor {
 
   // A line for each call, in order: the export's name, then, in double quotes, what it was given.
   // SendXPMLRequest "PRINTER" "REQUEST"
+  // And where it was slow: waited "MILLISECONDS"
   std::vector<std::string> Log() const;
   // How many lines of it hold `text`.
   int Count(const std::string& text) const;

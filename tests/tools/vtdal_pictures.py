@@ -44,7 +44,7 @@ KINDS = {
     "upside": bmp(1, -0x80000000, 24, []),
     "empty": bmp(0, 2, 24, []),
     "far-bits": bmp(2, 2, 24, FOUR, b"", 0, 0xFFFFFFF0),
-    "wide": bmp(10923, 1, 8, [bytes(10923)], TABLE),
+    "wide": bmp(10922, 1, 8, [bytes(10922)], TABLE),
     "text": b"Hello, this is no picture at all, but long enough for a header of one.",
     "nothing": b"",
     "png": png(2, 2, 8, 2, [b"\xff\0\0\0\xff\0", b"\0\0\xff\xff\xff\xff"]),

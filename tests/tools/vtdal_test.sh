@@ -233,8 +233,8 @@ done
 refuses 2 "'x.jpg' does not end with .bmp or .png" dither "$work/four" x.jpg
 refuses 2 "'.png' does not end with .bmp or .png" dither "$work/four" .png
 refuses 2 "--size is missing" stretch "$work/four" "$result"
-for size in 0x1 1x0 10923x1 1x32768 2 2x 2x2x2 -1x2; do
-  refuses 2 "'$size' is no size from 1x1 to 10922x32767" stretch "$work/four" "$result" "--size=$size"
+for size in 0x1 1x0 10922x1 1x32768 2 2x 2x2x2 -1x2; do
+  refuses 2 "'$size' is no size from 1x1 to 10921x32767" stretch "$work/four" "$result" "--size=$size"
 done
 for part in 0,0,0,1 0,0,3,1 2,0,1,1 0,2,1,1 1,1,1,2 0,0,1 -1,0,1,1; do
   refuses 1 "'$part' is no part X,Y,WIDTH,HEIGHT of a picture of 2 x 2" \
@@ -258,7 +258,11 @@ is_refused huge "its size is 2147483647 x 2147483647; 1 x 1 to 10921 x 32767 is 
 is_refused upside "its size is 1 x 2147483648; 1 x 1 to 10921 x 32767 is possible"
 is_refused empty "its size is 0 x 2; 1 x 1 to 10921 x 32767 is possible"
 make wide
-refuses 1 "its size is 10923 x 1; 10922 x 32767 is the largest" dither "$work/wide" "$result"
+refuses 1 "its size is 10922 x 1; 10921 x 32767 is the largest" dither "$work/wide" "$result"
+run stretch "$work/four" "$result" --size 10921x1
+done_with "stretch to the widest picture"
+run stretch "$result" "$result" --size 2x1
+done_with "stretch of the widest picture"
 if [ -n "$runner" ]; then
   make png
   refuses 1 "can't read '$work/png': a PNG can't be read on this system; use BMP" dither "$work/png" "$result"
@@ -303,6 +307,12 @@ if [ -n "$runner" ]; then
     add "vtdal test" --driver "No Such Driver" --port FILE: --module "$module"
   finish
 fi
+
+# The driver without factory settings, so that a printer begins with nothing.
+shipped=$module
+module=$work/plain/${shipped##*/}
+mkdir "$work/plain"
+cp -p "$shipped" "${shipped%/*}/ostvt.dat" "${shipped%/*}"/*.ddz "$work/plain/"
 
 name='Ж, "日本" 😀/100%'
 check "a store without printers lists nothing" prints_nothing
@@ -897,6 +907,16 @@ check "remove prints nothing" prints_nothing
 refuses 1 "no printer named 'Second'" remove Second
 refuses 1 "no value 'PRINT:Printers/Second/PrinterDriverData/Test/A'" \
   get "PRINT:Printers/Second/PrinterDriverData/Test/A"
+
+# What a new printer begins with.
+
+run add Made --driver "Ostrel D4-203" --port file:x --module "$shipped"
+done_with "add with factory settings beside the module"
+run stock list Made
+check "a new printer gets the factory's label sizes" shows "4 x 6 in"
+run fonts list Made
+check "a new printer gets the factory's fonts" shows "barcode   Code 39"
+run remove Made
 
 OSTVT_STORE_DIR=/dev/null/store refuses 1 \
   "can't make the driver 'D' known: the store can't be written, or the name is no driver's name" \

@@ -40,8 +40,8 @@ unsigned long InstallDriver(const std::wstring& sourceDirectory, const std::wstr
     if (!FileExists(path)) return ERROR_FILE_NOT_FOUND;
     dependent += path + L'\0';
   }
-  // The driver works without help.
-  for (const wchar_t* name : {L"ostenu.chm", L"ostdeu.chm"}) {
+  // The driver works without these.
+  for (const wchar_t* name : {L"Defaults.sds", L"ostenu.chm", L"ostdeu.chm"}) {
     std::wstring path = sourceDirectory + L"\\" + name;
     if (FileExists(path)) dependent += path + L'\0';
   }

@@ -250,6 +250,17 @@ int Install(const std::wstring& directory, const std::wstring& driver,
   if (unsigned long error = spooldemo::InstallPrinter(printer, driver, L"FILE:")) {
     return Fail("the printer could not be added", error);
   }
+  // Wine's spooler tells the driver nothing of a new printer, as the system's does.
+  const std::wstring module = spooldemo::DriverDirectory() + L"\\3\\ostvt.dll";
+  using PrinterEvent = BOOL(WINAPI*)(const wchar_t*, int, DWORD, LPARAM);
+  HMODULE library = LoadLibraryW(module.c_str());
+  auto event = reinterpret_cast<PrinterEvent>(
+      reinterpret_cast<void*>(library ? GetProcAddress(library, "DrvPrinterEvent") : nullptr));
+  constexpr int kCreated = 3;
+  if (!event || !event(printer.c_str(), kCreated, 0, 0)) {
+    return Fail("the driver did not take the printer", GetLastError());
+  }
+  FreeLibrary(library);
   std::printf("  installed \"%s\" with driver \"%s\" in %s\n", ToUtf8(printer).c_str(),
               ToUtf8(driver).c_str(), ToUtf8(spooldemo::DriverDirectory()).c_str());
   return 0;

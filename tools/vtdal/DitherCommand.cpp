@@ -17,7 +17,7 @@ constexpr const char* kHelp =
     "\n"
     "Turns a picture into the dots that the driver prints.\n"
     "\n"
-    "  IN                a BMP; on Linux also a PNG; at most 10922 pixels wide\n"
+    "  IN                a BMP; on Linux also a PNG; at most 10921 pixels wide\n"
     "  OUT               the result; its name ends with .bmp, or on Linux with .png\n"
     "  --method METHOD   none, ordered, halftone (the default), screen or diffusion\n"
     "  --mode MODE       grey (the default), palette, planes (yellow, cyan, magenta) or black\n"

@@ -25,8 +25,9 @@ struct Picture {
   std::vector<uint8_t> Pixels;
 };
 
-// The widest that the driver's records can hold in 24 bits.
-inline constexpr int kWidestPicture = 32767 / 3;
+// The widest whose row in 24 bits, padded to a multiple of 4 bytes, has a size of 16 bits with a
+// sign, as the driver's records want it.
+inline constexpr int kWidestPicture = 32764 / 3;
 
 // Each is false with the reason in `error`. The file's content says which kind it is.
 bool ReadBitmap(const std::u16string& path, Bitmap* bitmap, std::string* error);

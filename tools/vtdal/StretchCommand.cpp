@@ -15,7 +15,7 @@ constexpr const char* kHelp =
     "  IN      a BMP of 1, 4, 8, 16, 24 or 32 bits; on Linux also a PNG. The driver takes the\n"
     "          channels of 16 bits as they are, so they come out dark, with red and blue changed.\n"
     "  OUT     the result; its name ends with .bmp, or on Linux with .png\n"
-    "  --size  the size of the result, at most 10922x32767\n"
+    "  --size  the size of the result, at most 10921x32767\n"
     "  --rect  the part that is taken, from the top left; otherwise the whole picture\n"
     "  --json  tell sizes as JSON\n";
 
@@ -59,7 +59,7 @@ int RunStretch(const Arguments& arguments) {
   std::vector<int64_t> size;
   const std::u16string text = arguments.Value("--size");
   if (!ParseNumbers(text, u'x', 2, 1, kHighestPicture, &size) || size[0] > kWidestPicture)
-    return UsageError("stretch", "'" + Printable(text) + "' is no size from 1x1 to 10922x32767");
+    return UsageError("stretch", "'" + Printable(text) + "' is no size from 1x1 to 10921x32767");
   Bitmap bitmap;
   if (int code = OpenPicture("stretch", arguments, &bitmap)) return code;
   PicturePart part;

@@ -7,8 +7,6 @@
 namespace ostvt::platform {
 namespace {
 
-uint32_t (*tickSource)() = nullptr;
-
 int DaysInMonth(int year, int month) {
   static constexpr uint8_t kDays[12] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
   const bool leap = year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
@@ -17,10 +15,7 @@ int DaysInMonth(int year, int month) {
 
 }  // namespace
 
-void SetTickSourceForTests(uint32_t (*source)()) { tickSource = source; }
-
-uint32_t TickCount() {
-  if (tickSource) return tickSource();
+uint32_t SystemTickCount() {
   timespec now;
   clock_gettime(CLOCK_MONOTONIC, &now);
   return static_cast<uint32_t>(static_cast<uint64_t>(now.tv_sec) * 1000 +

@@ -45,10 +45,12 @@ std::string TempDirectory() {
   return directory;
 }
 
-// Behind all links; the name as it is where there is no file.
+// Behind all links; the name as it is where there is no file, "" for a link that leads nowhere.
 std::string RealPath(const std::string& name) {
   char* resolved = realpath(name.c_str(), nullptr);
-  const std::string result = resolved == nullptr ? name : resolved;
+  struct stat status;
+  const bool isLink = lstat(name.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
+  const std::string result = resolved != nullptr ? resolved : isLink ? "" : name;
   free(resolved);
   return result;
 }

@@ -23,8 +23,6 @@ constexpr Abbreviation kAbbreviations[] = {
     {"pt_PT", "PTG"}, {"nb", "NOR"},    {"nn", "NOR"},
 };
 
-const UserLocale* userLocale = nullptr;
-
 // `name`: "de_DE.UTF-8", "C", "POSIX".
 std::string AbbreviationOf(std::string_view name) {
   for (const Abbreviation& row : kAbbreviations) {
@@ -40,8 +38,7 @@ std::string AbbreviationOf(std::string_view name) {
 
 }  // namespace
 
-UserLocale GetUserLocale() {
-  if (userLocale) return *userLocale;
+UserLocale GetSystemLocale() {
   UserLocale answer;
   answer.DecimalSeparator = u".";
   const locale_t locale = newlocale(LC_ALL_MASK, "", nullptr);
@@ -55,7 +52,5 @@ UserLocale GetUserLocale() {
   freelocale(locale);
   return answer;
 }
-
-void SetUserLocale(const UserLocale* locale) { userLocale = locale; }
 
 }  // namespace ostvt::platform

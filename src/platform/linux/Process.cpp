@@ -13,8 +13,6 @@
 namespace ostvt::platform {
 namespace {
 
-StartFunction startFunction = nullptr;
-
 // Arguments are parted by blanks outside double quotes. "\" is a plain character, as in the paths
 // that these lines hold, but for `\"`, which is a quote.
 std::vector<std::string> SplitCommandLine(const std::string& line) {
@@ -53,17 +51,9 @@ int WaitFor(pid_t child) {
 
 }  // namespace
 
-StartFunction SetStartFunction(StartFunction function) {
-  StartFunction before = startFunction;
-  startFunction = function;
-  return before;
-}
-
 // The program is a child of a child that ends at once, so that init reaps it and not we. A pipe
 // that closes when the program starts tells whether it did.
-bool StartProgram(const char16_t* commandLine, int showState, const char16_t* directory) {
-  if (!commandLine || !*commandLine) return false;
-  if (startFunction) return startFunction(commandLine, showState, directory);
+bool StartSystemProgram(const char16_t* commandLine, int, const char16_t* directory) {
   std::vector<std::string> arguments = SplitCommandLine(ToUtf8(commandLine));
   if (arguments.empty() || arguments[0].empty()) return false;
   std::vector<char*> pointers;

@@ -4,15 +4,7 @@
 
 namespace ostvt::platform {
 
-namespace {
-
-uint32_t (*tickSource)() = nullptr;
-
-}  // namespace
-
-void SetTickSourceForTests(uint32_t (*source)()) { tickSource = source; }
-
-uint32_t TickCount() { return tickSource ? tickSource() : GetTickCount(); }
+uint32_t SystemTickCount() { return GetTickCount(); }
 
 uint64_t FileTimeFromDos(uint16_t dosDate, uint16_t dosTime) {
   FILETIME local, time;

@@ -3,9 +3,6 @@
 #include "platform/windows/Win32.h"
 
 namespace ostvt::platform {
-namespace {
-MessageFunction messageFunction = nullptr;
-}  // namespace
 
 bool HasDesktop() {
   HWINSTA station = GetProcessWindowStation();
@@ -17,19 +14,8 @@ bool HasDesktop() {
 
 void* DesktopWindow() { return GetDesktopWindow(); }
 
-void ShowMessage(const char16_t* text) {
-  if (!text) return;
-  if (messageFunction) {
-    messageFunction(text);
-    return;
-  }
+void ShowSystemMessage(const char16_t* text) {
   if (HasDesktop()) MessageBoxW(nullptr, AsWide(text), nullptr, MB_OK);
-}
-
-MessageFunction SetMessageFunction(MessageFunction function) {
-  MessageFunction before = messageFunction;
-  messageFunction = function;
-  return before;
 }
 
 }  // namespace ostvt::platform

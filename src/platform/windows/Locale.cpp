@@ -8,8 +8,6 @@ namespace {
 // Longer than any answer that is asked for here.
 constexpr int kAnswerUnits = 16;
 
-const UserLocale* userLocale = nullptr;
-
 std::u16string Ask(LCTYPE item) {
   char16_t answer[kAnswerUnits] = {};
   const int length = GetLocaleInfoW(LOCALE_USER_DEFAULT, item, AsWide(answer), kAnswerUnits);
@@ -18,8 +16,7 @@ std::u16string Ask(LCTYPE item) {
 
 }  // namespace
 
-UserLocale GetUserLocale() {
-  if (userLocale) return *userLocale;
+UserLocale GetSystemLocale() {
   UserLocale locale;
   locale.UsesInches = Ask(LOCALE_IMEASURE) == u"1";
   locale.LeadingZero = Ask(LOCALE_ILZERO) == u"1";
@@ -29,7 +26,5 @@ UserLocale GetUserLocale() {
     locale.Language += unit < 0x80 ? static_cast<char>(unit) : '?';
   return locale;
 }
-
-void SetUserLocale(const UserLocale* locale) { userLocale = locale; }
 
 }  // namespace ostvt::platform

@@ -5,19 +5,8 @@
 #include "platform/windows/Win32.h"
 
 namespace ostvt::platform {
-namespace {
-StartFunction startFunction = nullptr;
-}  // namespace
 
-StartFunction SetStartFunction(StartFunction function) {
-  StartFunction before = startFunction;
-  startFunction = function;
-  return before;
-}
-
-bool StartProgram(const char16_t* commandLine, int showState, const char16_t* directory) {
-  if (!commandLine || !*commandLine) return false;
-  if (startFunction) return startFunction(commandLine, showState, directory);
+bool StartSystemProgram(const char16_t* commandLine, int showState, const char16_t* directory) {
   std::u16string line = commandLine;  // the system writes into it
   STARTUPINFOW startup = {};
   startup.cb = sizeof startup;
