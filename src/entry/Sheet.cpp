@@ -94,7 +94,7 @@ int32_t StartDeviceSheet(DriverSession* session, PropSheetUiInfo* info) {
     session->KeepAboutClosed();
   }
   AddPages(session, flags);
-  InstallSheetHook(session);
+  InstallSheetHook(session, session->PageCount > 0 && session->IsAboutFirst());
   HandOver(session, info);
   return 1;
 }

@@ -9,7 +9,8 @@ namespace ostvt {
 class DriverSession;
 
 // Nothing where there are no windows. The session's end removes the hook, by its AtEnd.
-void InstallSheetHook(DriverSession* session);
+// With `opensLastPage` the sheet turns to its last page when the host's page has shown itself.
+void InstallSheetHook(DriverSession* session, bool opensLastPage);
 // Ends the watch and gives the page back. Null and sessions without a hook are allowed.
 void RemoveSheetHook(DriverSession* session);
 

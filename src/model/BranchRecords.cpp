@@ -1,12 +1,11 @@
 #include "model/BranchRecords.h"
 
 #include "core/OFile.h"
+#include "core/WhiteSpace.h"
 #include "model/ModelAttributes.h"
 
 namespace ostvt {
 namespace {
-
-constexpr char kWhiteSpace[] = " \t\r\n";
 
 void WriteLine(OStream& stream, const OString& line) {
   stream.WriteString(line);
@@ -37,10 +36,9 @@ bool BranchRecordReader::Next(OStringArray* lines) {
   // Texts keep what other pages don't have.
   line.SetCodePage(Stream.CodePage);
   while (Stream.ReadLine(line)) {
-    line.TrimLeft(kWhiteSpace);
-    line.TrimRight(kWhiteSpace);
+    line.Trim(kWhiteSpace);
     if (line.IsEmpty()) continue;
-    if (line.Left(Opening.Length()) == Opening) {
+    if (line.StartsWith(Opening)) {
       isInside = IsForAll || MatchesModelAttributes(line, ModelName, ModelId);
       lines->SetSize(0);
     } else if (isInside && line == Closing) {

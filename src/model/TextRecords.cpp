@@ -1,16 +1,11 @@
 #include "model/TextRecords.h"
 
 #include "core/OFile.h"
+#include "core/WhiteSpace.h"
 #include "model/ModelAttributes.h"
 #include "model/PrinterModel.h"
 
 namespace ostvt {
-namespace {
-
-constexpr char kWhiteSpace[] = " \t\r\n";
-
-}  // namespace
-
 TextRecordReader::TextRecordReader(OFile& stream, const char* kind, PrinterModel* model)
     : Stream(stream), Opening(OString("<") + kind), Closing(OString("</") + kind + ">") {
   if (model) {
@@ -22,9 +17,8 @@ TextRecordReader::TextRecordReader(OFile& stream, const char* kind, PrinterModel
 
 TextRecordReader::Line TextRecordReader::Next() {
   while (Stream.ReadLine(Text)) {
-    Text.TrimLeft(kWhiteSpace);
-    Text.TrimRight(kWhiteSpace);
-    if (Text.Left(Opening.Length()) == Opening) {
+    Text.Trim(kWhiteSpace);
+    if (Text.StartsWith(Opening)) {
       IsInside = MatchesModelAttributes(Text, ModelName, ModelId);
       if (IsInside) return Line::kOpening;
     } else if (IsInside && Text == Closing) {

@@ -5,6 +5,7 @@
 
 #include "core/Buffer.h"
 #include "core/OFile.h"
+#include "core/PathName.h"
 #include "model/TextRecords.h"
 #include "settings/DevModeBlob.h"
 #include "settings/PresetList.h"
@@ -74,8 +75,7 @@ class BinaryReader {
 
 // "Shelf" of "C:\Files\Shelf.sdm".
 OString NameOfFile(const OFile& stream) {
-  const OString path = stream.GetPath();
-  const OString name = path.Mid(path.ReverseFindOneOf("/\\") + 1);
+  const OString name = NameOfPath(stream.GetPath());
   const int dot = name.Find('.');
   return dot < 0 ? name : name.Left(dot);
 }

@@ -1,10 +1,10 @@
 // Stock on its way between machines: text records, and the older binary files.
-#include <cstring>
 #include <memory>
 
 #include "core/Buffer.h"
 #include "core/OFile.h"
 #include "core/PackedText.h"
+#include "core/RecordFile.h"
 #include "model/TextRecords.h"
 #include "settings/StockList.h"
 #include "store/NumberedEntries.h"
@@ -16,10 +16,9 @@ constexpr char kName[] = "Name";
 constexpr char kProtected[] = "Protected";
 constexpr char kData[] = "Data";
 
-constexpr char kBinarySignature[] = {'S', 'F', 'M', '1'};
+constexpr char kBinarySignature[] = "SFM1";
 constexpr uint32_t kBinaryNameOffset = sizeof(StockData);
 constexpr uint32_t kMinimumRecord = kBinaryNameOffset + 1;
-constexpr uint32_t kMaximumRecord = 65536;
 
 // False leaves `data` as it was.
 bool UnpackData(const OString& text, StockData* data) {
@@ -74,23 +73,15 @@ int32_t StockList::ImportText(OFile& stream, PrinterModel* model) {
 }
 
 int32_t StockList::ImportBinary(OFile& stream) {
-  char signature[sizeof(kBinarySignature)];
-  uint32_t size = 0;
-  if (stream.Read(signature, sizeof(signature)) != sizeof(signature) ||
-      memcmp(signature, kBinarySignature, sizeof(signature)) != 0 ||
-      stream.Read(&size, sizeof(size)) != sizeof(size) || size < kMinimumRecord ||
-      size > kMaximumRecord) {
-    return 0;
-  }
-  Buffer record;
-  record.Resize(size);
+  RecordFile file(stream, kBinarySignature, kMinimumRecord);
+  if (!file.IsValid()) return 0;
   int32_t count = 0;
   int32_t room = kEntryLimit - GetCount();
-  while (stream.Read(record.Data, size) == size) {
+  while (file.Next()) {
     auto item = std::make_unique<StockItem>();
-    CopyBytes(&item->Data(), record.Data, sizeof(StockData));
-    item->Name.AssignCount(reinterpret_cast<const char*>(record.Data + kBinaryNameOffset),
-                           static_cast<int>(size - kBinaryNameOffset));
+    CopyBytes(&item->Data(), file.Record.Data, sizeof(StockData));
+    item->Name.AssignCount(reinterpret_cast<const char*>(file.Record.Data + kBinaryNameOffset),
+                           static_cast<int>(file.Record.Size - kBinaryNameOffset));
     if (item->Name.IsEmpty()) continue;
     item->Flags = (item->Flags & ~kStockOfModel) | kStockRemovable;
     if (AddImported(item.release(), &room)) ++count;

@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "core/HexDigit.h"
 #include "platform/KeyStore.h"
 #include "store/ORegistry.h"
 
@@ -81,8 +82,8 @@ char16_t HexDigit(uint32_t value) {
 uint8_t ParsePair(std::u16string_view text, size_t at) {
   uint32_t byte = 0;
   for (size_t i = at; i < at + 2; ++i) {
-    const uint32_t unit = i < text.size() ? text[i] : u'0';
-    byte = 16 * byte + (unit >= u'0' && unit <= u'9' ? unit - u'0' : (unit & 15) + 9);
+    const char16_t unit = i < text.size() ? text[i] : u'0';
+    byte = 16 * byte + LaxHexDigit(unit);
   }
   return static_cast<uint8_t>(byte);
 }

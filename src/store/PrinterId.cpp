@@ -1,6 +1,7 @@
 #include "store/PrinterId.h"
 
 #include "core/Memory.h"
+#include "core/PathName.h"
 #include "core/WholeUnits.h"
 
 namespace ostvt {
@@ -19,10 +20,7 @@ OString Text(const std::u16string& text) { return OString(text.c_str()); }
 // Both separate directories on one of the platforms, and neither stands in a name on any.
 int LastSeparator(const OString& path) { return path.ReverseFindOneOf("\\/"); }
 
-OString NameOf(const std::u16string& path) {
-  OString text = Text(path);
-  return text.Mid(LastSeparator(text) + 1);
-}
+OString NameOf(const std::u16string& path) { return NameOfPath(Text(path)); }
 
 OString DirectoryOf(const std::u16string& path) {
   OString text = Text(path);

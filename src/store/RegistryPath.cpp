@@ -5,6 +5,7 @@
 #include <cstring>
 #include <string>
 
+#include "core/HexDigit.h"
 #include "store/ORegistry.h"
 
 namespace ostvt {
@@ -78,10 +79,6 @@ OString JoinPath(const OString& keyPath, const OString& path) {
   return whole;
 }
 
-unsigned DigitOf(char16_t unit) {
-  return unit >= u'0' && unit <= u'9' ? unit - u'0' : (unit & 15u) + 9u;
-}
-
 // The wide text of one byte in a code page.
 OString WidenByte(unsigned char byte, uint32_t codePage) {
   OString text;
@@ -142,7 +139,7 @@ OString ORegistry::Unescape(const OString& name) {
       decoded += text[i];
       continue;
     }
-    unsigned byte = (16 * DigitOf(text[i + 1]) + DigitOf(text[i + 2])) & 0xFF;
+    unsigned byte = (16 * LaxHexDigit(text[i + 1]) + LaxHexDigit(text[i + 2])) & 0xFF;
     i += 2;
     if (byte == 0) {
       // The unit behind has moved to the place just looked at; it stays as it is.

@@ -69,6 +69,14 @@ TEST_F(Dal, SessionWithoutAModelSurvivesClose) {
   DAL_Printer_Close(session);
 }
 
+TEST_F(Dal, ActionOfACacheThatIsNotThereOpensNothing) {
+  Open();
+  EXPECT_EQ(DAL_Printer_ActionFlag(Session, 5), 0u);
+  EXPECT_EQ(DAL_Printer_Action(Session, 5), 0);
+  // It has a title, but is no client's.
+  EXPECT_EQ(DAL_Printer_ActionFlag(Session, 14), 0u);
+}
+
 TEST_F(Dal, ActionsOutside1To13YieldNothing) {
   Open();
   for (int32_t action : {INT32_MIN, -1, 0, 14, 50, INT32_MAX}) {

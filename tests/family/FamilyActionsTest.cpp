@@ -1,6 +1,7 @@
 // The family's commands and its rule for names.
 #include "family/FamilyDriverSession.h"
 #include "tests/comm/JobRecorder.h"
+#include "tests/settings/FakeWindows.h"
 #include "tests/settings/SettingsFixture.h"
 
 namespace ostvt::test {
@@ -53,6 +54,20 @@ TEST_F(FamilyActions, WithoutU1CommandsTheBaseDecides) {
   EXPECT_FALSE(Do(7));
   EXPECT_FALSE(Do(10));
   EXPECT_TRUE(Recorder.Calls.empty());
+}
+
+TEST_F(FamilyActions, DialogsAreTheFamilysOwn) {
+  Open("~Commands.U1=true\n");
+  FakeWindows windows;
+  Session->Windows = &windows;
+  EXPECT_TRUE(Do(39));
+  EXPECT_TRUE(Do(46));
+  EXPECT_EQ((std::vector<std::string>{"dialog *:^INFORMATION", "dialog DLG_POWERMANAGEMENT"}),
+            windows.Calls);
+  windows.Result = 0;
+  EXPECT_FALSE(Do(39));
+  Session->Windows = nullptr;
+  EXPECT_FALSE(Do(46));
 }
 
 TEST_F(FamilyActions, CommandIsAJobOfItsOwn) {

@@ -7,6 +7,7 @@
 #include "comm/PrinterPort.h"
 #include "platform/PrintDrawing.h"
 #include "settings/DriverSession.h"
+#include "tests/comm/FakeMonitor.h"
 #include "tests/comm/JobRecorder.h"
 #include "tests/settings/FakeWindows.h"
 #include "tests/settings/SettingsFixture.h"
@@ -59,6 +60,7 @@ class SessionActions : public SettingsTest {
     AddPrinter(text);
     Session.Windows = &Windows;
     Session.NoShadowPush = true;
+    Session.Link.Loader = &Monitor;
     Session.Initialize(nullptr, nullptr, 0, Printer->Name());
     ASSERT_NE(nullptr, Session.Model);
     OwnPort.Bind(&Session, nullptr, Session.Link, nullptr);
@@ -82,6 +84,7 @@ class SessionActions : public SettingsTest {
 
   JobRecorder Recorder;
   Paper Page;
+  FakeMonitor Monitor;
   FakeWindows Windows;
   PrinterPort OwnPort;
   SessionWithStorages Session;
@@ -204,32 +207,56 @@ TEST_F(SessionActions, PageThatCannotBeDrawnOnBeginsNoJob) {
   EXPECT_EQ((Calls{"create Test Printer", "delete"}), Recorder.Calls);
 }
 
+// Every action that has a title, and its text.
+constexpr std::pair<int32_t, int32_t> kActionTitles[] = {
+    {1, 2401},  {2, 2405},  {3, 2452},  {4, 2451},  {5, 2483},  {6, 2484},  {7, 2453},  {8, 2457},
+    {9, 2454},  {10, 2406}, {11, 2461}, {12, 2467}, {13, 2487}, {14, 2402}, {15, 2403}, {16, 2404},
+    {17, 2456}, {18, 2455}, {19, 2410}, {20, 2407}, {21, 2408}, {22, 2409}, {23, 2411}, {24, 2412},
+    {25, 2414}, {26, 2413}, {27, 2460}, {28, 2464}, {29, 2472}, {30, 2458}, {31, 2463}, {32, 2459},
+    {33, 2465}, {34, 2466}, {35, 2468}, {36, 2470}, {37, 2469}, {39, 2450}, {41, 2485}, {42, 2486},
+    {43, 2481}, {44, 2482}, {45, 2462}, {46, 2488}, {47, 2415}, {48, 2489}, {49, 2490},
+};
+
 TEST_F(SessionActions, TitlesAreTextsByNumber) {
   Open();
-  const auto title = [&](int32_t action) {
-    OString text = "before";
-    Session.GetActionTitle(&text, action);
-    return std::string(text.GetNarrow());
-  };
-  EXPECT_EQ("[2401]", title(1));
-  EXPECT_EQ("[2402]", title(14));
-  EXPECT_EQ("[2453]", title(7));
-  EXPECT_EQ("[2415]", title(47));
-  EXPECT_EQ("[2490]", title(49));
-  EXPECT_EQ("", title(0));
-  EXPECT_EQ("", title(50));
-  EXPECT_EQ("", title(51));
+  std::map<int32_t, int32_t> texts(std::begin(kActionTitles), std::end(kActionTitles));
+  for (int32_t action = -1; action <= 52; action++) {
+    OString title = "before";
+    Session.GetActionTitle(&title, action);
+    const auto text = texts.find(action);
+    EXPECT_EQ(text == texts.end() ? "" : "[" + std::to_string(text->second) + "]",
+              std::string(title.GetNarrow()))
+        << action;
+  }
 }
 
-TEST_F(SessionActions, EachTitleBelongsToOneAction) {
-  std::map<int32_t, int32_t> actions;
-  for (int32_t action = 1; action <= 49; action++) {
-    const bool hasTitle = action != 38 && action != 40;
-    ASSERT_EQ(hasTitle, ActionTitleOf(action) != 0) << action;
-    if (hasTitle) {
-      EXPECT_TRUE(actions.emplace(ActionTitleOf(action), action).second) << action;
-    }
-  }
+TEST_F(SessionActions, StatusNeedsAMonitorAndAPortThatAnswers) {
+  Open();
+  PrinterRegistry store = Store();
+  store.SetShadowed(false);
+  store.WriteDword("PRINT:Printers/[PRINTER]/Attributes", 0x840u);
+  const auto flags = [&](const char* answer) {
+    Monitor.Answer = answer;
+    Session.Link.StateKnown = false;
+    return Flags(40);
+  };
+  EXPECT_EQ(7u, flags("0;1;1;TCP"));
+  EXPECT_EQ(0u, flags("0;0;1;TCP"));
+  EXPECT_EQ(0u, flags("0;1;0;TCP"));
+  // Ports that the model doesn't answer on.
+  EXPECT_EQ(0u, flags("0;1;1;LPT"));
+  EXPECT_EQ(0u, flags("0;1;1;USB"));
+  // A port that answers is enough for the logs.
+  EXPECT_EQ(7u, Flags(50));
+}
+
+TEST_F(SessionActions, LogsOfASharedPrinterCanBeSeen) {
+  Open();
+  EXPECT_EQ(0u, Flags(50));
+  PrinterRegistry store = Store();
+  store.SetShadowed(false);
+  store.WriteString("PRINT:Printers/[PRINTER]/Share Name", "Labels");
+  EXPECT_EQ(7u, Flags(50));
 }
 
 TEST_F(SessionActions, SessionWithoutAModelHasNone) {

@@ -31,11 +31,10 @@ class SessionPages : public SettingsTest {
     EXPECT_EQ(count, Session.RegisterPages(flags)) << flags;
     return Windows.Calls;
   }
-  void AddOem(const char* lines) {
-    ZipBuilder base;
-    base.Add("Driver.d", "[Ostrel Test]\nManufacturer=Manufacturer:Vantrel\nModel=Model:Test\n");
-    base.Add("OEM.d", lines);
-    EXPECT_TRUE(base.WriteTo(Archives.Path("vt#base.ddz")));
+  void OpenWithOem(const char* lines) {
+    ModelText text;
+    text.Oem = lines;
+    Open(text);
   }
 
   FakeWindows Windows;
@@ -91,11 +90,7 @@ TEST_F(SessionPages, SixteenBitPathKeepsTheNamesForLater) {
 }
 
 TEST_F(SessionPages, AboutPageIsTheMakers) {
-  AddPrinter();
-  AddOem("[.default]\nAbout.Template=*:OTHER\n\n[VT]\nAbout.Template=*:ABOUT\n");
-  Session.Windows = &Windows;
-  Session.NoShadowPush = true;
-  Session.Initialize(nullptr, nullptr, 0, Printer->Name());
+  OpenWithOem("[.default]\nAbout.Template=*:OTHER\n\n[VT]\nAbout.Template=*:ABOUT\n");
   EXPECT_TRUE(Session.AddAboutPage());
   EXPECT_EQ(Names{"page *:ABOUT"}, Windows.Calls);
   EXPECT_FALSE(Session.IsAboutFirst());
@@ -108,10 +103,7 @@ TEST_F(SessionPages, WithoutATemplateThereIsNoAboutPage) {
 }
 
 TEST_F(SessionPages, AboutPageIsFirstOnlyByDefaultAndUntilItIsKeptClosed) {
-  AddPrinter();
-  AddOem("[VT]\nAbout.Template=*:ABOUT\nAbout.Default=Yes\n");
-  Session.NoShadowPush = true;
-  Session.Initialize(nullptr, nullptr, 0, Printer->Name());
+  OpenWithOem("[VT]\nAbout.Template=*:ABOUT\nAbout.Default=Yes\n");
   EXPECT_TRUE(Session.IsAboutFirst());
   Session.KeepAboutClosed();
   EXPECT_FALSE(Session.IsAboutFirst());

@@ -38,6 +38,7 @@ struct ModelText {
   std::string Method = "Copies.Limit=999\n";
   std::string BarCode;
   std::string Rfid;
+  std::string Oem;  // the whole file
 };
 
 inline ModelText ColorModelText() {
@@ -50,6 +51,7 @@ inline void WriteArchives(const TempDirectory& directory, const ModelText& text)
   ZipBuilder base;
   base.Add("Driver.d",
            "[" + text.Driver + "]\nManufacturer=Manufacturer:Vantrel\nModel=Model:Test\n");
+  if (!text.Oem.empty()) base.Add("OEM.d", text.Oem);
   EXPECT_TRUE(base.WriteTo(directory.Path("vt#base.ddz")));
   ZipBuilder family;
   family.Add("Manufacturer.d", "[Vantrel]\nCompanyName=Vantrel\n");

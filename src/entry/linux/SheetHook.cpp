@@ -2,7 +2,7 @@
 
 namespace ostvt {
 
-void InstallSheetHook(DriverSession*) {}
+void InstallSheetHook(DriverSession*, bool) {}
 void RemoveSheetHook(DriverSession*) {}
 
 }  // namespace ostvt

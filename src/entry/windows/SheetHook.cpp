@@ -25,6 +25,7 @@ constexpr wchar_t kRecordProperty[] = L"Vantrel.SheetHook";
 struct SheetHook {
   WNDPROC OldProcedure;
   DriverSession* Session;
+  bool OpensLastPage;
   HWND Page;
   HHOOK Hook;
   DWORD Thread;
@@ -101,10 +102,7 @@ void TakePage(SheetHook* hook, HWND page) {
   if (!SetPropW(page, kRecordProperty, hook)) return;
   hook->Page = page;
   hook->OldProcedure = SetProcedure(page, PageProcedure);
-  // Only pages of ours can be wanted in front; they are the last.
-  if (hook->Session->PageCount > 0 && hook->Session->IsAboutFirst()) {
-    SelectLastTab(GetParent(page));
-  }
+  if (hook->OpensLastPage) SelectLastTab(GetParent(page));
 }
 
 LRESULT CALLBACK WatchProcedure(int code, WPARAM wParam, LPARAM lParam) {
@@ -127,9 +125,10 @@ LRESULT CALLBACK WatchProcedure(int code, WPARAM wParam, LPARAM lParam) {
 
 }  // namespace
 
-void InstallSheetHook(DriverSession* session) {
+void InstallSheetHook(DriverSession* session, bool opensLastPage) {
   if (!session || FindBySession(session)) return;
-  auto* hook = new SheetHook{nullptr, session, nullptr, nullptr, GetCurrentThreadId(), nullptr};
+  auto* hook = new SheetHook{
+      nullptr, session, opensLastPage, nullptr, nullptr, GetCurrentThreadId(), nullptr};
   // The calling thread only: a hook on all threads would load this module into every program.
   hook->Hook = SetWindowsHookExW(WH_CALLWNDPROC, WatchProcedure, nullptr, hook->Thread);
   if (!hook->Hook) {

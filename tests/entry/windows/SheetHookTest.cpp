@@ -92,7 +92,7 @@ class SheetHook : public testing::Test {
 TEST_F(SheetHook, HostsTestButtonPrintsTheDriversPage) {
   HWND title = AddControl(3001);
   AddControl(3007);
-  InstallSheetHook(&Session);
+  InstallSheetHook(&Session, false);
   EXPECT_EQ(PressTestButton(), 55);  // not yet
   SetWindowTextW(title, L"Printer");
   EXPECT_EQ(PressTestButton(), 0);
@@ -106,7 +106,7 @@ TEST_F(SheetHook, HostsTestButtonPrintsTheDriversPage) {
 TEST_F(SheetHook, OtherMessagesReachThePage) {
   HWND title = AddControl(3001);
   AddControl(3007);
-  InstallSheetHook(&Session);
+  InstallSheetHook(&Session, false);
   SetWindowTextW(title, L"Printer");
   pageMessages.clear();
   SendMessageW(Page, WM_APP, 0, 0);
@@ -115,7 +115,7 @@ TEST_F(SheetHook, OtherMessagesReachThePage) {
 
 TEST_F(SheetHook, PageWithoutTheButtonIsNotTaken) {
   HWND title = AddControl(3001);
-  InstallSheetHook(&Session);
+  InstallSheetHook(&Session, false);
   SetWindowTextW(title, L"Printer");
   EXPECT_EQ(PressTestButton(), 55);
   EXPECT_TRUE(Session.Done.empty());
@@ -126,7 +126,7 @@ TEST_F(SheetHook, OtherPageEndsTheWatch) {
   AddControl(3007);
   HWND first = AddControl(3227);
   AddControl(3228);
-  InstallSheetHook(&Session);
+  InstallSheetHook(&Session, false);
   SendMessageW(first, BM_SETCHECK, 1, 0);
   SetWindowTextW(title, L"Printer");
   EXPECT_EQ(PressTestButton(), 55);
@@ -136,7 +136,7 @@ TEST_F(SheetHook, OneOfTheTwoControlsDoesNotEndTheWatch) {
   HWND title = AddControl(3001);
   AddControl(3007);
   HWND first = AddControl(3227);
-  InstallSheetHook(&Session);
+  InstallSheetHook(&Session, false);
   SendMessageW(first, BM_SETCHECK, 1, 0);
   SetWindowTextW(title, L"Printer");
   EXPECT_EQ(PressTestButton(), 0);
@@ -145,8 +145,7 @@ TEST_F(SheetHook, OneOfTheTwoControlsDoesNotEndTheWatch) {
 TEST_F(SheetHook, LastTabIsSelectedWhenTheAboutPageMayOpenFirst) {
   HWND title = AddControl(3001);
   AddControl(3007);
-  Session.PageCount = 2;
-  InstallSheetHook(&Session);
+  InstallSheetHook(&Session, true);
   SetWindowTextW(title, L"Printer");
   RunMessages();
   EXPECT_EQ(tabSelected, 5);
@@ -155,9 +154,7 @@ TEST_F(SheetHook, LastTabIsSelectedWhenTheAboutPageMayOpenFirst) {
 TEST_F(SheetHook, NoTabIsSelectedWhenTheAboutPageIsKeptClosed) {
   HWND title = AddControl(3001);
   AddControl(3007);
-  Session.PageCount = 2;
-  Session.KeepAboutClosed();
-  InstallSheetHook(&Session);
+  InstallSheetHook(&Session, false);
   SetWindowTextW(title, L"Printer");
   RunMessages();
   EXPECT_EQ(tabSelected, -1);
@@ -167,7 +164,7 @@ TEST_F(SheetHook, EndOfTheSessionGivesThePageBack) {
   HWND title = AddControl(3001);
   AddControl(3007);
   LONG_PTR before = GetWindowLongPtrW(Page, GWLP_WNDPROC);
-  InstallSheetHook(&Session);
+  InstallSheetHook(&Session, false);
   SetWindowTextW(title, L"Printer");
   EXPECT_NE(GetWindowLongPtrW(Page, GWLP_WNDPROC), before);
   RemoveSheetHook(&Session);
@@ -181,7 +178,7 @@ TEST_F(SheetHook, DestructorOfTheSessionGivesThePageBack) {
   LONG_PTR before = GetWindowLongPtrW(Page, GWLP_WNDPROC);
   {
     TestSession session;
-    InstallSheetHook(&session);
+    InstallSheetHook(&session, false);
     SetWindowTextW(title, L"Printer");
     EXPECT_NE(GetWindowLongPtrW(Page, GWLP_WNDPROC), before);
   }
@@ -194,7 +191,7 @@ TEST_F(SheetHook, DestructorOfTheSessionEndsTheWatch) {
   AddControl(3007);
   {
     TestSession session;
-    InstallSheetHook(&session);
+    InstallSheetHook(&session, false);
   }
   SetWindowTextW(title, L"Printer");
   EXPECT_EQ(PressTestButton(), 55);
@@ -203,7 +200,7 @@ TEST_F(SheetHook, DestructorOfTheSessionEndsTheWatch) {
 TEST_F(SheetHook, EndOfTheSessionEndsTheWatch) {
   HWND title = AddControl(3001);
   AddControl(3007);
-  InstallSheetHook(&Session);
+  InstallSheetHook(&Session, false);
   RemoveSheetHook(&Session);
   SetWindowTextW(title, L"Printer");
   EXPECT_EQ(PressTestButton(), 55);
@@ -217,7 +214,7 @@ LRESULT CALLBACK OverlayProcedure(HWND window, UINT message, WPARAM wParam, LPAR
 TEST_F(SheetHook, EndOfTheSessionBelowAnotherSubclassLeavesAWorkingPage) {
   HWND title = AddControl(3001);
   AddControl(3007);
-  InstallSheetHook(&Session);
+  InstallSheetHook(&Session, false);
   SetWindowTextW(title, L"Printer");
   LONG_PTR ours =
       SetWindowLongPtrW(Page, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(OverlayProcedure));
@@ -230,7 +227,7 @@ TEST_F(SheetHook, EndOfTheSessionBelowAnotherSubclassLeavesAWorkingPage) {
 TEST_F(SheetHook, PageMayGoBeforeTheSession) {
   HWND title = AddControl(3001);
   AddControl(3007);
-  InstallSheetHook(&Session);
+  InstallSheetHook(&Session, false);
   SetWindowTextW(title, L"Printer");
   DestroyWindow(Page);
   EXPECT_EQ(pageMessages.back(), static_cast<UINT>(WM_NCDESTROY));
@@ -238,7 +235,7 @@ TEST_F(SheetHook, PageMayGoBeforeTheSession) {
 }
 
 TEST_F(SheetHook, NullSessionIsPassedOver) {
-  InstallSheetHook(nullptr);
+  InstallSheetHook(nullptr, false);
   RemoveSheetHook(nullptr);
   RemoveSheetHook(&Session);
   EXPECT_EQ(PressTestButton(), 55);
@@ -250,7 +247,7 @@ TEST_F(SheetHook, OtherThreadsAreNotWatched) {
   HANDLE thread = CreateThread(
       nullptr, 0,
       [](void* session) -> DWORD {
-        InstallSheetHook(static_cast<DriverSession*>(session));
+        InstallSheetHook(static_cast<DriverSession*>(session), false);
         return 0;
       },
       static_cast<DriverSession*>(&Session), 0, nullptr);
