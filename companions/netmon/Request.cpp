@@ -12,6 +12,7 @@
 namespace ostvt::netmon {
 namespace {
 
+constexpr uint32_t kErrorNotTaken = 5;  // the store refuses what is to be written
 constexpr uint32_t kErrorNoServer = 53;
 constexpr uint32_t kErrorBadRequest = 87;
 constexpr uint32_t kErrorNoPrinter = 1801;
@@ -126,8 +127,7 @@ bool Request::EvaluateSettings(std::string_view action, std::string* answer) {
     text = body.substr(encode.Length, end - encode.Length);
     if (!Decode(encode.Attribute("in"), &text)) return false;
   }
-  UpdateSettings(&Server, text);
-  return true;
+  return UpdateSettings(&Server, text) || Fail(kErrorNotTaken);
 }
 
 bool Request::TakeBody(std::string_view end, std::string_view* body) {

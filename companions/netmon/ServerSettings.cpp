@@ -53,7 +53,7 @@ std::string ChangedSettings(ServerRegistry* server, std::string_view known) {
   return std::string(reinterpret_cast<const char*>(text.Data), text.Size);
 }
 
-void UpdateSettings(ServerRegistry* server, const std::string& text) {
+bool UpdateSettings(ServerRegistry* server, const std::string& text) {
   OStringArray lines;
   lines.SplitBlock(text.data(), static_cast<uint32_t>(text.size()), BlockMode::kLines,
                    kCodePageUtf8);
@@ -62,8 +62,9 @@ void UpdateSettings(ServerRegistry* server, const std::string& text) {
   // A client that reads meanwhile gets the old settings or the new ones.
   platform::KeyStoreTransaction together(server->GetHive(),
                                          platform::KeyStoreTransaction::Purpose::kWrite);
+  if (!together.IsOpen()) return false;
   server->ImportBranch(lines, kImportEmptying);
-  together.Commit();
+  return together.Commit();
 }
 
 }  // namespace ostvt::netmon

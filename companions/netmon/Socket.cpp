@@ -5,6 +5,8 @@
 #include <cstring>
 #include <memory>
 
+#include "platform/Clock.h"
+
 namespace ostvt::netmon {
 namespace {
 
@@ -129,7 +131,10 @@ bool Socket::Finish(int timeout) {
   // Bytes of the peer that nobody has read would turn the end into an abort.
   uint8_t bytes[1024];
   int got = 1;
-  for (int i = 0; done && i < 1024 && got > 0; ++i) got = Receive(bytes, sizeof bytes, timeout);
+  const uint32_t start = platform::TickCount();
+  const auto longest = static_cast<uint32_t>(kFinishPauses * timeout);
+  while (done && got > 0 && platform::TickCount() - start <= longest)
+    got = Receive(bytes, sizeof bytes, timeout);
   Close();
   return done && got != -2;
 }

@@ -19,6 +19,8 @@ bool ParsePortAddress(const std::string& port, PortAddress* address);
 
 class Socket {
  public:
+  static constexpr int kFinishPauses = 10;
+
   Socket() = default;
   ~Socket() { Close(); }
   Socket(const Socket&) = delete;
@@ -33,8 +35,9 @@ class Socket {
   int Receive(uint8_t* bytes, size_t room, int timeout);
   // Throws away what has come by now.
   void Discard();
-  // Nothing more is sent. The peer gets what was sent before and, by the time given, ends its side;
-  // false when it breaks the connection off, since it may have thrown away what it was sent.
+  // Nothing more is sent. The peer gets what was sent before and ends its side, or says nothing for
+  // the time given; whoever goes on talking is left after kFinishPauses times that. False when it
+  // breaks the connection off, since it may have thrown away what it was sent.
   bool Finish(int timeout);
   // The peer may lose what it hasn't taken yet.
   void Abandon();

@@ -19,18 +19,18 @@ PrinterPort::~PrinterPort() {
 }
 
 void PrinterPort::Bind(DriverSession* owner, platform::PrinterHandle printer,
-                       const MonitorLink& link, const void* devMode) {
+                       const MonitorLink& link, DevModeFunction devMode) {
   Owner = owner;
   OwnerPrinter = printer;
   Link = link;
-  JobDevMode = devMode;
+  DevModeOf = devMode;
 }
 
 bool PrinterPort::WriteRaw(const void* bytes, int32_t count) {
   if (!bytes || count < 1) return false;
   if (IsJobStarted) return Job->Write(bytes, count);
   // Not by OpenJob and CloseJob: these send what waits in the buffer.
-  PrinterJob job(Link.PrinterName, JobDevMode);
+  PrinterJob job(Link.PrinterName, JobDevMode());
   job.Start("write_packet");
   job.StartPage();
   job.Write(nullptr, 0);
@@ -103,7 +103,7 @@ void PrinterPort::SendInPieces(const uint8_t* bytes, int32_t count) {
 }
 
 PrinterJob* PrinterPort::NeedJob() {
-  if (!Job) Job = new PrinterJob(Link.PrinterName, JobDevMode);
+  if (!Job) Job = new PrinterJob(Link.PrinterName, JobDevMode());
   return Job;
 }
 

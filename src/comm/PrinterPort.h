@@ -33,11 +33,15 @@ class PrinterPort {
   virtual int32_t GetFill();
   virtual void WriteNewLine();  // CR LF
 
+  // Gives the block of the owner's device mode as it stands now: it may be replaced between two
+  // jobs.
+  using DevModeFunction = const void* (*)(const DriverSession* owner);
+
   // Once, before anything else. `link` names the printer and how its monitor is reached; `devMode`
-  // (may be null) is the session's, for jobs of the 16-bit path. All borrowed, for this object's
-  // life.
+  // (may be null) is asked when a job of the 16-bit path begins. Owner and printer are borrowed,
+  // for this object's life.
   void Bind(DriverSession* owner, platform::PrinterHandle printer, const MonitorLink& link,
-            const void* devMode);
+            DevModeFunction devMode);
 
   // False for null, for a count below 1, and when a capture would pass 1 GiB.
   bool Write(const void* bytes, int32_t count);
@@ -83,13 +87,14 @@ class PrinterPort {
   bool SendFailed = false;    // since OpenJob, a packet could not be passed on
 
  private:
+  const void* JobDevMode() const { return DevModeOf ? DevModeOf(Owner) : nullptr; }
   PrinterJob* NeedJob();
   int32_t StartJob(const OString& name);
   void EndJob();
   void SendInPieces(const uint8_t* bytes, int32_t count);
 
   MonitorLink Link;
-  const void* JobDevMode = nullptr;
+  DevModeFunction DevModeOf = nullptr;
   bool IsJobStarted = false;
 };
 

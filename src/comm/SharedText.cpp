@@ -60,13 +60,13 @@ bool ImportShared(PrinterRegistry& store, Buffer* answer) {
   KeepSharedSections(store, &lines);
   if (lines.Count == 0) return true;
   KeyStoreTransaction together(store.GetDataHive(), kWrite);
+  if (!together.IsOpen()) return false;
   const OString root = store.Root;
   store.ImportBranch(lines, kImportEmptying);
   store.Root = root;
   // With the checksums of before the next push would send all of it back.
   ListSharedBranches(store);
-  together.Commit();
-  return true;
+  return together.Commit();
 }
 
 SharedChanges::SharedChanges(PrinterRegistry& store) : Before(store) {

@@ -18,13 +18,15 @@ constexpr int32_t kWrongLength = 4450;
 constexpr int32_t kWrongCharacter = 4451;
 constexpr int32_t kRefusalCaption = 4454;
 
+const void* DevModeOf(const DriverSession* session) { return session->DevModeBuffer.GetBlock(); }
+
 }  // namespace
 
 FamilyDriverSession::~FamilyDriverSession() { Port = nullptr; }
 
 void FamilyDriverSession::LoadSettings() {
   DriverSession::LoadSettings();
-  OwnPort.Bind(this, PrinterHandle, Link, DevModeBuffer.GetBlock());
+  OwnPort.Bind(this, PrinterHandle, Link, DevModeOf);
   Port = &OwnPort;
 }
 

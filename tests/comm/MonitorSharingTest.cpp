@@ -1,6 +1,7 @@
 // Pulling and pushing a configuration, against a monitor of the test's own.
 #include "tests/comm/MonitorLinkFixture.h"
 #include "tests/comm/SharingText.h"
+#include "tests/support/FullDisk.h"
 
 namespace ostvt::test {
 namespace {
@@ -182,6 +183,22 @@ TEST_F(ClientSharing, FailedRequestLeavesTheShadowAsItWas) {
   EXPECT_FALSE(Pull("[DATA:\\Settings]\r\n\"A\"=dword:00000002\r\n\r\n"));
   EXPECT_EQ(1u, Routed().ReadDword("SETTINGS:A", 0));
 }
+
+#ifdef __linux__
+// The store of the other system writes value by value.
+TEST_F(ClientSharing, PullThatTheStoreRefusesIsAFailure) {
+  PrinterRegistry store = Routed();
+  store.WriteDword("SETTINGS:A", 1u);
+  EXPECT_NE("", Pushed());
+  store.WriteDword("SETTINGS:A", 2u);
+  {
+    const FullDisk full;
+    EXPECT_FALSE(Pull("[DATA:\\Settings]\r\n\"A\"=dword:00000003\r\n\r\n"));
+  }
+  EXPECT_EQ(2u, Routed().ReadDword("SETTINGS:A", 0));
+  EXPECT_NE("", Pushed());
+}
+#endif
 
 TEST_F(ClientSharing, FailedRequestLeavesLocalChangesToBePushed) {
   PrinterRegistry store = Routed();

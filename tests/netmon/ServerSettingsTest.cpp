@@ -6,6 +6,7 @@
 #include "companions/netmon/ServerRegistry.h"
 #include "companions/netmon/Transfer.h"
 #include "core/OStringArray.h"
+#include "tests/support/FullDisk.h"
 #include "tests/support/TestPrinter.h"
 
 namespace ostvt::test {
@@ -92,6 +93,20 @@ TEST_F(ServerSettingsTest, UpdateReplacesTheKeysThatItNames) {
   EXPECT_EQ(OString(u"W\u00FCrz"), Server.ReadString("SETTINGS:Text", ""));
   EXPECT_EQ(1u, Server.ReadDword("DATA:Fonts/Kept", 0));
 }
+
+#ifdef __linux__
+// The store of the other system writes value by value.
+TEST_F(ServerSettingsTest, UpdateThatTheStoreRefusesIsAFailure) {
+  Server.WriteDword("SETTINGS:A", 1u);
+  const std::string text = "[DATA:\\Settings]\r\n\"A\"=dword:00000002\r\n\r\n";
+  {
+    const test::FullDisk full;
+    EXPECT_FALSE(UpdateSettings(&Server, text));
+  }
+  EXPECT_EQ(1u, Server.ReadDword("SETTINGS:A", 0));
+  EXPECT_TRUE(UpdateSettings(&Server, text));
+}
+#endif
 
 TEST_F(ServerSettingsTest, UpdateMakesBranchesThatWereNotThere) {
   UpdateSettings(&Server,

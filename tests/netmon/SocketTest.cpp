@@ -111,6 +111,19 @@ TEST(Socket, PrinterThatTakesNothingEndsTheSending) {
   EXPECT_GT(size_t{64} << 20, printer.Received().size());
 }
 
+TEST(Socket, PrinterThatGoesOnTalkingIsLeft) {
+  LittlePrinter printer;
+  printer.SetBytePause(20);
+  Socket socket;
+  ASSERT_TRUE(socket.Connect(AddressOf(printer), kSecond));
+  std::string job;
+  for (int i = 0; i < 300; ++i) job += "! U1 getvar \"appl.name\"\r\n";
+  ASSERT_TRUE(Send(&socket, job));
+  EXPECT_TRUE(socket.Finish(50));
+  // Half a second at 20 ms a byte is one answer or two; they are heard out no more than that.
+  EXPECT_GT(30u, printer.Actions().size());
+}
+
 TEST(Socket, UnreadAnswerDoesNotCutOffWhatWasSent) {
   LittlePrinter printer;
   Socket socket;
