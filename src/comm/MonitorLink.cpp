@@ -17,12 +17,6 @@ constexpr int32_t kStateFields = 4;
 
 constexpr int32_t kMonitorAnswered = 1;
 
-// Of a printer of this machine: the spooler's own word, so past the shadow route.
-bool IsLocalBidiEnabled(PrinterId& printer) {
-  if (printer.Printer().IsRemote) return false;
-  return TrueStore(printer).IsBidiEnabled();
-}
-
 // An answer up to its end or to a zero byte.
 OString TextOf(const Buffer& bytes) {
   OString text;
@@ -31,6 +25,17 @@ OString TextOf(const Buffer& bytes) {
 }
 
 }  // namespace
+
+PrinterRegistry MonitorLink::Store() const {
+  return Known ? PrinterRegistry(*Known) : PrinterRegistry(PrinterName);
+}
+
+PrinterRegistry MonitorLink::OwnStore() const { return TrueStore(Store()); }
+
+bool MonitorLink::IsLocalBidiOn(PrinterId& printer) const {
+  if (printer.Printer().IsRemote) return false;
+  return (Known ? TrueStore(*Known) : TrueStore(printer)).IsBidiEnabled();
+}
 
 int32_t MonitorLink::SendRequest(const OString& request) {
   LastResult = 0;
@@ -76,7 +81,7 @@ bool MonitorLink::Refresh() {
   PortType.Clear();
   PrinterId printer(PrinterName);
   ServerName = printer.Printer().ServerName;
-  LocalBidiEnabled = IsLocalBidiEnabled(printer);
+  LocalBidiEnabled = IsLocalBidiOn(printer);
   if (!printer.Printer().IsRemote && !LocalBidiEnabled) return true;
   OString request = kXpmlSharing;
   request += kXpmlMonitoring;
@@ -103,7 +108,7 @@ bool MonitorLink::EnsureFresh() {
   if (!GetNetworkCommunication()) return false;
   if (StateKnown) {
     PrinterId printer(PrinterName);
-    if (LocalBidiEnabled == IsLocalBidiEnabled(printer) &&
+    if (LocalBidiEnabled == IsLocalBidiOn(printer) &&
         ServerName == printer.Printer().ServerName)
       return true;
   }
@@ -117,11 +122,11 @@ bool MonitorLink::IsBidirectional() { return EnsureFresh() && Bidirectional == 1
 
 OString MonitorLink::GetPortType() { return EnsureFresh() ? PortType : OString(); }
 
-bool MonitorLink::IsNetworkClient() const { return PrinterId(PrinterName).Printer().IsRemote; }
-
-bool MonitorLink::IsServerCommunicationOn() const {
-  return PrinterRegistry(PrinterName).IsShadowed;
+bool MonitorLink::IsNetworkClient() const {
+  return Known ? Known->IsRemote : PrinterId(PrinterName).Printer().IsRemote;
 }
+
+bool MonitorLink::IsServerCommunicationOn() const { return Store().IsShadowed; }
 
 bool MonitorLink::IsAnswering() { return Refresh() || LastResult == kMonitorAnswered; }
 

@@ -1,7 +1,7 @@
 // The settings of a printer's server that the monitor works by.
 #include "comm/MonitorLink.h"
 #include "comm/XpmlText.h"
-#include "store/TrueStore.h"
+#include "store/PrinterRegistry.h"
 
 namespace ostvt {
 namespace {
@@ -21,62 +21,62 @@ constexpr int32_t kDefaultRetries = 2;
 }  // namespace
 
 bool MonitorLink::GetNetworkCommunication() const {
-  return TrueStore(PrinterName).ReadByte(kCommunication, 1) != 0;
+  return OwnStore().ReadByte(kCommunication, 1) != 0;
 }
 
 void MonitorLink::SetNetworkCommunication(bool value) {
-  TrueStore(PrinterName).WriteByte(kCommunication, value);
+  OwnStore().WriteByte(kCommunication, value);
   RestartNetwork();
 }
 
 bool MonitorLink::GetTcpEnabled() const {
-  return TrueStore(PrinterName).ReadByte(kTcpEnabled, 1) != 0;
+  return OwnStore().ReadByte(kTcpEnabled, 1) != 0;
 }
 
 void MonitorLink::SetTcpEnabled(bool value) {
-  TrueStore(PrinterName).WriteByte(kTcpEnabled, value);
+  OwnStore().WriteByte(kTcpEnabled, value);
   RestartNetwork();
 }
 
 int32_t MonitorLink::GetTcpPort() const {
-  return TrueStore(PrinterName).ReadInt(kTcpPort, kDefaultTcpPort);
+  return OwnStore().ReadInt(kTcpPort, kDefaultTcpPort);
 }
 
 void MonitorLink::SetTcpPort(int32_t value) {
-  TrueStore(PrinterName).WriteInt(kTcpPort, value);
+  OwnStore().WriteInt(kTcpPort, value);
   RestartNetwork();
 }
 
 int32_t MonitorLink::GetConnectionTimeout() const {
-  return TrueStore(PrinterName).ReadInt(kTimeout, kDefaultTimeout);
+  return OwnStore().ReadInt(kTimeout, kDefaultTimeout);
 }
 
 void MonitorLink::SetConnectionTimeout(int32_t value) {
-  TrueStore(PrinterName).WriteInt(kTimeout, value);
+  OwnStore().WriteInt(kTimeout, value);
 }
 
 int32_t MonitorLink::GetConnectionRetries() const {
-  return TrueStore(PrinterName).ReadInt(kRetries, kDefaultRetries);
+  return OwnStore().ReadInt(kRetries, kDefaultRetries);
 }
 
 void MonitorLink::SetConnectionRetries(int32_t value) {
-  TrueStore(PrinterName).WriteInt(kRetries, value);
+  OwnStore().WriteInt(kRetries, value);
 }
 
 bool MonitorLink::GetServerAddressOverride() const {
-  return TrueStore(PrinterName).ReadByte(kAddressOverride, 0) != 0;
+  return OwnStore().ReadByte(kAddressOverride, 0) != 0;
 }
 
 void MonitorLink::SetServerAddressOverride(bool value) {
-  TrueStore(PrinterName).WriteByte(kAddressOverride, value);
+  OwnStore().WriteByte(kAddressOverride, value);
 }
 
 OString MonitorLink::GetServerAddress() const {
-  return TrueStore(PrinterName).ReadString(kAddress, OString());
+  return OwnStore().ReadString(kAddress, OString());
 }
 
 void MonitorLink::SetServerAddress(const OString& value) {
-  TrueStore(PrinterName).WriteString(kAddress, value);
+  OwnStore().WriteString(kAddress, value);
 }
 
 void MonitorLink::RestartNetwork() {

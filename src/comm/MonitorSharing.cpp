@@ -25,7 +25,7 @@ bool TakesPart(const PrinterRegistry& own) {
 }  // namespace
 
 void MonitorLink::SetShadowBlocked(bool value) {
-  TrueStore store(PrinterName);
+  PrinterRegistry store = OwnStore();
   if (value) {
     store.WriteByte(kShadowBlocked, 1);
   } else {
@@ -34,7 +34,7 @@ void MonitorLink::SetShadowBlocked(bool value) {
 }
 
 bool MonitorLink::IsSharingInForce() {
-  const TrueStore own(PrinterName);
+  const PrinterRegistry own = OwnStore();
   if (own.IsRemote && !TakesPart(own)) return false;
   // Whoever turned communication off is not to wait for a monitor, here nor below.
   if (!GetNetworkCommunication()) return false;
@@ -43,13 +43,13 @@ bool MonitorLink::IsSharingInForce() {
 }
 
 bool MonitorLink::IsSharingPossible() {
-  const TrueStore own(PrinterName);
+  const PrinterRegistry own = OwnStore();
   if (!own.IsRemote) return own.IsBidiEnabled();
   return GetNetworkCommunication() && EnsureFresh() && ConfigurationSharing == kShares;
 }
 
 void MonitorLink::SetConfigurationSharing(bool value) {
-  PrinterRegistry store(PrinterName);
+  PrinterRegistry store = Store();
   if (store.IsRemote) {
     TrueStore(store).WriteByte(kUserSharing, value);
   } else {
@@ -64,7 +64,7 @@ bool MonitorLink::IsExchangeOff(const PrinterRegistry& store) const {
 }
 
 bool MonitorLink::PullShadow() {
-  PrinterRegistry store(PrinterName);
+  PrinterRegistry store = Store();
   if (IsExchangeOff(store)) return true;
   if (!Refresh()) return false;
   if (!IsSharingInForce()) return true;
@@ -83,7 +83,7 @@ bool MonitorLink::PullShadow() {
 }
 
 bool MonitorLink::PushShadow() {
-  PrinterRegistry store(PrinterName);
+  PrinterRegistry store = Store();
   if (IsExchangeOff(store)) return true;
   if (!Refresh()) return false;
   if (!IsSharingInForce()) return true;

@@ -43,6 +43,7 @@ void DriverSession::Initialize(platform::PrinterHandle printerHandle, const DevM
   DevModeBuffer.Allocate();
   LoadDefaultDevMode();
   Link.PrinterName = PrinterName;
+  Link.Known = &Model->GetStore();
   MonitorFailureDialog();
   Link.SetShadowBlocked(false);
   Link.PullShadow();

@@ -80,27 +80,30 @@ OString PrinterId::GetFamilyCode() { return Piece(Driver().DataFile, 0, kFamilyC
 
 void PrinterId::LoadPrinter() {
   if (PrinterLoaded) return;
-  if (Handle)
+  if (Handle) {
     FillPrinter(Handle);
-  else
-    FillBothByName();
+    return;
+  }
+  platform::PrinterHandle printer = OpenGiven();
+  FillPrinter(printer);
+  platform::ClosePrinter(printer);
 }
 
 void PrinterId::LoadDriver() {
   if (DriverLoaded) return;
-  if (Handle)
+  if (Handle) {
     FillDriver(Handle);
-  else
-    FillBothByName();
-}
-
-// One opening serves both records, since who identifies a printer by name needs both in the end.
-void PrinterId::FillBothByName() {
-  platform::PrinterHandle printer =
-      platform::OpenPrinter(GivenName.GetWide(), platform::kPrinterAccessUse);
-  FillPrinter(printer);
+    return;
+  }
+  // Who asks for the driver needs the printer too: one opening serves both records.
+  platform::PrinterHandle printer = OpenGiven();
+  if (!PrinterLoaded) FillPrinter(printer);
   FillDriver(printer);
   platform::ClosePrinter(printer);
+}
+
+platform::PrinterHandle PrinterId::OpenGiven() const {
+  return platform::OpenPrinter(GivenName.GetWide(), platform::kPrinterAccessUse);
 }
 
 void PrinterId::FillPrinter(platform::PrinterHandle printer) {

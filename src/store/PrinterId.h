@@ -68,7 +68,7 @@ class PrinterId {
  private:
   void LoadPrinter();
   void LoadDriver();
-  void FillBothByName();
+  platform::PrinterHandle OpenGiven() const;
   // Null is allowed and leaves the fields empty.
   void FillPrinter(platform::PrinterHandle printer);
   void FillDriver(platform::PrinterHandle printer);

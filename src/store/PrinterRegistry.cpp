@@ -95,6 +95,8 @@ PrinterRegistry::PrinterRegistry(const OString& printerName) {
 PrinterRegistry::PrinterRegistry(PrinterId& printerId) { TakeFrom(printerId); }
 
 void PrinterRegistry::TakeFrom(PrinterId& id) {
+  // The driver first: both records then come of one opening.
+  const OString oemCode = id.GetOemCode();
   if (id.IsKnown()) {
     const PrinterId::PrinterFields& printer = id.Printer();
     PrinterFullName = id.GetFullName();
@@ -102,7 +104,7 @@ void PrinterRegistry::TakeFrom(PrinterId& id) {
     ModelName = printer.DriverName;
     PortName = printer.PortName;
     ServerName = printer.ServerName;
-    OemCode = id.GetOemCode();
+    OemCode = oemCode;
     IsRemote = printer.IsRemote;
   }
   // Read while the route is still off, from where it is set.

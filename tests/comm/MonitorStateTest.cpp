@@ -346,6 +346,17 @@ TEST_F(MonitorLinkTest, ServersStateIsUsedByTheShadowRoute) {
   EXPECT_FALSE(Link.IsNetworkClient());
 }
 
+TEST_F(MonitorLinkTest, StoreThatTheOwnerHasIsUsedAsItIs) {
+  PrinterRegistry known = Store();
+  known.IsRemote = true;
+  known.SetShadowed(true);
+  Link.Known = &known;
+  EXPECT_TRUE(Link.IsNetworkClient());
+  EXPECT_TRUE(Link.IsServerCommunicationOn());
+  Link.SetShadowBlocked(true);
+  EXPECT_EQ(1, Store().ReadByte("USER:Printers/[PRINTER]/Shadow Blocked", 0));
+}
+
 TEST_F(RemoteMonitorLinkTest, ClientUsesTheServersStateUnlessTheRouteIsOff) {
   EXPECT_TRUE(Link.IsNetworkClient());
   EXPECT_TRUE(Link.IsServerCommunicationOn());
