@@ -108,8 +108,7 @@ bool MonitorLink::EnsureFresh() {
   if (!GetNetworkCommunication()) return false;
   if (StateKnown) {
     PrinterId printer(PrinterName);
-    if (LocalBidiEnabled == IsLocalBidiOn(printer) &&
-        ServerName == printer.Printer().ServerName)
+    if (LocalBidiEnabled == IsLocalBidiOn(printer) && ServerName == printer.Printer().ServerName)
       return true;
   }
   StateKnown = true;

@@ -88,7 +88,7 @@ ArchiveReader::~ArchiveReader() {
 }
 
 bool ArchiveReader::AddArchive(const OString& path) {
-  if (!OFile::FileExists(path)) return false;
+  if (!platform::IsFile(path.GetWide())) return false;
   // A body of its own: the caller's belongs to one session.
   PendingPaths.Add(OString(path.GetWide()));
   return true;

@@ -70,8 +70,10 @@ ArchiveReader* ModelDefinition::GetArchive() {
 }
 
 OString ModelDefinition::GetOverride(const OString& key) {
-  const OString section = Store.ReadString("Settings:Table/" + Store.Escape(key), OString());
-  if (!section.IsEmpty()) return key + ":" + section;
+  if (!KnownWithoutTable) {
+    const OString section = Store.ReadString("Settings:Table/" + Store.Escape(key), OString());
+    if (!section.IsEmpty()) return key + ":" + section;
+  }
   return GetStringEx(key);
 }
 
@@ -224,15 +226,24 @@ uint32_t ModelDefinition::HashOfDriver() const {
   return hash == RecordCache::kAnyDriver ? 1 : hash;
 }
 
+// A record follows many links. That nearly every printer has no table is found out once for all.
+template <typename Record>
+void ModelDefinition::Build(Record* record, void (*build)(ModelDefinition*, Record*)) {
+  const bool before = KnownWithoutTable;
+  KnownWithoutTable = before || !Store.GetKeyInfo("Settings:Table", nullptr, nullptr);
+  build(this, record);
+  KnownWithoutTable = before;
+}
+
 void ModelDefinition::LoadModelData() {
   ForgetModelPath();
   Generation = Store.ReadDword("MODEL:Synchronization", 0);
   RecordCache* cache = TheRecordCache();
-  if (!cache) return BuildModelData(this, &ModelData);
+  if (!cache) return Build(&ModelData, BuildModelData);
   platform::LockGuard guard(cache->Lock);
   cache->SetGeneration(Generation);
   if (cache->Get(ModelDataKey, &ModelData, sizeof ModelData, DriverHash)) return;
-  BuildModelData(this, &ModelData);
+  Build(&ModelData, BuildModelData);
   cache->Put(ModelDataKey, &ModelData, sizeof ModelData, DriverHash);
 }
 
@@ -243,7 +254,7 @@ const Record* ModelDefinition::LoadRecord(const char* name, Record** record,
   *record = new Record{};
   RecordCache* cache = TheRecordCache();
   if (!cache) {
-    build(this, *record);
+    Build(*record, build);
     return *record;
   }
   const OString key = RecordKey(name);
@@ -251,7 +262,7 @@ const Record* ModelDefinition::LoadRecord(const char* name, Record** record,
   // What this session reads may be older than what later ones do: it keeps its records to itself.
   const bool isCurrent = cache->GetGeneration() == Generation;
   if (isCurrent && cache->Get(key, *record, sizeof **record, DriverHash)) return *record;
-  build(this, *record);
+  Build(*record, build);
   if (isCurrent) cache->Put(key, *record, sizeof **record, DriverHash);
   return *record;
 }

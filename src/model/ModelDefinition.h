@@ -103,6 +103,8 @@ class ModelDefinition : public DefinitionFile {
   template <typename Record>
   const Record* LoadRecord(const char* name, Record** record,
                            void (*build)(ModelDefinition*, Record*));
+  template <typename Record>
+  void Build(Record* record, void (*build)(ModelDefinition*, Record*));
   OString RecordKey(const char* name) const;
   uint32_t HashOfDriver() const;
   void SelectLink(const char* key);
@@ -118,6 +120,7 @@ class ModelDefinition : public DefinitionFile {
   Measure* TopOfFormMaximum = nullptr;
   OString ModelPath;  // what the driver's section names as its model; empty until it is asked for
   bool ArchiveChosen = false;
+  bool KnownWithoutTable = false;  // while a record is built: there is no "Settings:Table"
 };
 
 }  // namespace ostvt

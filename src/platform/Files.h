@@ -45,6 +45,9 @@ bool GetTimes(FileHandle file, FileTimes* times);
 // A time of 0 stays as it is. Linux can't set the time of creation.
 bool SetTimes(FileHandle file, const FileTimes& times);
 
+// Something else than a directory has that path. Costs much less than opening it, and says nothing
+// about the right to read it.
+bool IsFile(const char16_t* path);
 bool DeleteFile(const char16_t* path);
 // Win32 attribute bits. On Linux the only effect is that a file without bit 1 becomes writable.
 bool SetAttributes(const char16_t* path, uint32_t attributes);

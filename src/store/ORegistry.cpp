@@ -39,12 +39,7 @@ platform::KeyHandle ORegistry::OpenKey(const OString& canonicalPath, bool create
     if (unit == u'/') unit = u'\\';
     if (unit == u'%') escaped = true;
   }
-  if (escaped) {
-    OString text;
-    text.SetCodePage(canonicalPath.GetCodePage());
-    text = subKey.c_str();
-    subKey = Unescape(text).GetWide();
-  }
+  if (escaped) subKey = DecodeEscapes(subKey, canonicalPath.GetCodePage());
   while (!subKey.empty() && subKey.back() == u'\\') subKey.pop_back();
   return create ? platform::OpenKey(root, subKey.c_str(), true)
                 : platform::OpenKeyUnchecked(root, subKey.c_str());

@@ -11,6 +11,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "core/OString.h"
@@ -35,7 +36,7 @@ class ORegistry {
   ORegistry& operator=(const ORegistry& other) = default;
   virtual ~ORegistry();
   // Rewrites a key path in place to the canonical form: a hive number, then escaped elements.
-  virtual void ResolvePath(OString* path) const;
+  void ResolvePath(OString* path) const;
   // Null on failure; the caller closes it with platform::CloseKey. Without rights to write, the key
   // is opened for reading; a write to it then fails. `create` makes missing keys. Without it, a
   // handle is no proof that the key exists: each operation on it fails if it doesn't (QueryKey
@@ -120,6 +121,10 @@ class ORegistry {
 
   // What relative paths hang from.
   OString Root;
+
+ protected:
+  // ResolvePath of the bare units.
+  virtual void ResolveUnits(std::u16string* path) const;
 
  private:
   // A caller's path taken whole as a key, Root applying: its canonical form. False as SplitPath.

@@ -1,5 +1,7 @@
 #include "store/PrinterRegistry.h"
 
+#include <utility>
+
 #include "core/DriverPath.h"
 #include "store/PrinterId.h"
 #include "store/RegistryPath.h"
@@ -124,18 +126,19 @@ PrinterRegistry::PrinterRegistry(const PrinterRegistry& other)
 
 PrinterRegistry::~PrinterRegistry() = default;
 
-void PrinterRegistry::ResolvePath(OString* path) const {
-  if (path->Find(':') < 0) return;
-  SubstituteAlias(path, "DRIVER_INFO:", DriverInfoTarget());
-  for (const Alias& alias : kAliases) SubstituteAlias(path, alias.Name, alias.Target);
-  if (path->Find('[') >= 0) {
-    SubstitutePrefix(path, "[PRINTER]", Escape(PrinterName));
-    SubstitutePrefix(path, "[MODEL]", Escape(ModelName));
-    SubstitutePrefix(path, "[PORT]", Escape(PortName));
-    SubstitutePrefix(path, "[SERVER]", Escape(ServerName));
-    SubstitutePrefix(path, "[OEM]", OemCode);
+void PrinterRegistry::ResolveUnits(std::u16string* path) const {
+  if (path->find(u':') == std::u16string::npos) return;
+  SubstituteAlias(path, {"DRIVER_INFO:", DriverInfoTarget()});
+  for (const Alias& alias : kAliases) SubstituteAlias(path, alias);
+  const std::pair<std::u16string_view, const OString&> macros[] = {{u"[PRINTER]", PrinterName},
+                                                                   {u"[MODEL]", ModelName},
+                                                                   {u"[PORT]", PortName},
+                                                                   {u"[SERVER]", ServerName}};
+  for (const auto& [macro, name] : macros) {
+    if (path->find(macro) != std::u16string::npos) SubstituteMacro(path, macro, Escape(name));
   }
-  ORegistry::ResolvePath(path);
+  SubstituteMacro(path, u"[OEM]", OemCode);
+  ORegistry::ResolveUnits(path);
 }
 
 platform::Hive PrinterRegistry::GetDataHive() const {
@@ -150,7 +153,7 @@ platform::KeyHandle PrinterRegistry::OpenKey(const OString& canonicalPath, bool 
 OString PrinterRegistry::RouteKey(const OString& canonicalPath) const {
   if (!IsShadowed) return canonicalPath;
   for (const ShadowHead& shadow : kShadowHeads) {
-    if (!StartsWithNoCase(canonicalPath, shadow.Head)) continue;
+    if (!StartsWithNoCase(canonicalPath.GetWide(), shadow.Head)) continue;
     OString path = GetDataHive() == platform::Hive::kCurrentUser ? "1:SOFTWARE/Vantrel/Drivers/"
                                                                  : "2:SOFTWARE/Vantrel/Drivers/";
     if (IsRemote) path += OString("@") + Escape(ServerName) + "/";

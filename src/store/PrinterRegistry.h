@@ -22,7 +22,6 @@ class PrinterRegistry : public ORegistry {
   PrinterRegistry(const PrinterRegistry& other);
   PrinterRegistry& operator=(const PrinterRegistry& other) = delete;
   ~PrinterRegistry() override;
-  void ResolvePath(OString* path) const override;
   platform::KeyHandle OpenKey(const OString& canonicalPath, bool create) const override;
   OString RouteKey(const OString& canonicalPath) const override;
 
@@ -47,6 +46,9 @@ class PrinterRegistry : public ORegistry {
   OString OemCode;          // "[OEM]": two letters
   bool IsRemote = false;
   bool IsShadowed = false;
+
+ protected:
+  void ResolveUnits(std::u16string* path) const override;
 
  private:
   void TakeFrom(PrinterId& printerId);

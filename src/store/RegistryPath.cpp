@@ -2,7 +2,6 @@
 // the store.
 #include "store/RegistryPath.h"
 
-#include <cstring>
 #include <string>
 
 #include "core/HexDigit.h"
@@ -34,49 +33,68 @@ char16_t FoldAscii(char16_t unit) {
   return static_cast<char16_t>(unit >= u'a' && unit <= u'z' ? unit - 0x20 : unit);
 }
 
-bool Contains(const OString& text, const char16_t* set) {
-  for (const char16_t* unit = text.GetWide(); *unit; ++unit) {
-    for (const char16_t* member = set; *member; ++member) {
-      if (*unit == *member) return true;
-    }
-  }
-  return false;
-}
-
-bool IsSeparator(char16_t unit) { return unit == u'/' || unit == u':'; }
+constexpr bool IsSeparator(char16_t unit) { return unit == u'/' || unit == u':'; }
 
 bool EndsInSeparator(const OString& path) {
   const char16_t* text = path.GetWide();
   return *text && IsSeparator(text[std::char_traits<char16_t>::length(text) - 1]);
 }
 
+size_t LastSeparatorOf(std::u16string_view path) { return path.find_last_of(u"/:"); }
+
+void ReplaceAll(std::u16string* text, std::u16string_view part, std::u16string_view other) {
+  for (size_t at = text->find(part); at != std::u16string::npos;
+       at = text->find(part, at + other.size())) {
+    text->replace(at, part.size(), other);
+  }
+}
+
 // A doubled character of the grammar, or a backslash.
-bool NeedsNormalizing(const OString& path) {
-  for (const char16_t* unit = path.GetWide(); *unit; ++unit) {
-    if (*unit == u'\\') return true;
-    if ((*unit == u'%' || *unit == u'/' || *unit == u':') && unit[1] == *unit) return true;
+bool NeedsNormalizing(std::u16string_view path) {
+  for (size_t i = 0; i < path.size(); ++i) {
+    const char16_t unit = path[i];
+    if (unit == u'\\') return true;
+    const bool isDoubled = i + 1 < path.size() && path[i + 1] == unit;
+    if (isDoubled && (unit == u'%' || IsSeparator(unit))) return true;
   }
   return false;
 }
 
 // The order matters: a backslash pair ends as two separators, not as a literal "/".
-void Normalize(OString* path) {
-  if (!NeedsNormalizing(*path)) return;
-  path->Replace("%%", "%25");
-  path->Replace("//", "%2F");
-  path->Replace("::", "%3A");
-  path->Replace("\\", "/");
+std::u16string Normalize(const OString& path) {
+  std::u16string text = path.GetWide();
+  if (!NeedsNormalizing(text)) return text;
+  ReplaceAll(&text, u"%%", u"%25");
+  ReplaceAll(&text, u"//", u"%2F");
+  ReplaceAll(&text, u"::", u"%3A");
+  ReplaceAll(&text, u"\\", u"/");
+  return text;
 }
 
-// Both are normalized.
-OString JoinPath(const OString& keyPath, const OString& path) {
-  if (path.Find(':', 1) > 0) return path;
-  OString whole = keyPath;
-  if (EndsInSeparator(whole)) whole.TrimRight("/");
-  if (path.IsEmpty()) return whole;
-  if (!whole.IsEmpty() && whole.GetWide()[whole.Length() - 1] != u':') whole += '/';
-  whole += path;
-  return whole;
+// A path that names its hive stands by itself.
+bool HasHead(std::u16string_view path) { return path.find(u':', 1) != std::u16string_view::npos; }
+
+// A path behind the one that it hangs from, both normalized.
+struct WholePath {
+  WholePath(const OString& root, const OString& path)
+      : Units(Normalize(path)), CodePage(path.GetCodePage()) {
+    if (HasHead(Units)) return;
+    std::u16string head = Normalize(root);
+    while (head.ends_with(u'/')) head.pop_back();
+    if (!Units.empty() && !head.empty() && head.back() != u':') head += u'/';
+    Units.insert(0, head);
+    CodePage = root.GetCodePage();
+  }
+
+  std::u16string Units;
+  uint32_t CodePage;  // of its escapes
+};
+
+OString TextOf(const std::u16string& units, uint32_t codePage) {
+  OString text;
+  text.SetCodePage(codePage);
+  text = units.c_str();
+  return text;
 }
 
 // The wide text of one byte in a code page.
@@ -90,21 +108,17 @@ OString WidenByte(unsigned char byte, uint32_t codePage) {
 
 }  // namespace
 
-bool StartsWithNoCase(const OString& text, const char* prefix) {
-  const char16_t* unit = text.GetWide();
-  for (; *prefix; ++prefix, ++unit) {
-    if (FoldAscii(*unit) != FoldAscii(static_cast<unsigned char>(*prefix))) return false;
+bool StartsWithNoCase(std::u16string_view text, std::string_view prefix) {
+  if (text.size() < prefix.size()) return false;
+  for (size_t i = 0; i < prefix.size(); ++i) {
+    if (FoldAscii(text[i]) != FoldAscii(static_cast<unsigned char>(prefix[i]))) return false;
   }
   return true;
 }
 
 int LastSeparator(const OString& path) {
-  const char16_t* text = path.GetWide();
-  int last = -1;
-  for (int i = 0; text[i]; ++i) {
-    if (IsSeparator(text[i])) last = i;
-  }
-  return last;
+  const size_t last = LastSeparatorOf(path.GetWide());
+  return last == std::u16string_view::npos ? -1 : static_cast<int>(last);
 }
 
 OString ChildKey(const OString& key, const OString& name) {
@@ -112,27 +126,7 @@ OString ChildKey(const OString& key, const OString& name) {
   return key + (isRoot ? "" : "/") + ORegistry::Escape(name);
 }
 
-void SubstituteAlias(OString* path, const char* alias, const char* target) {
-  if (!StartsWithNoCase(*path, alias)) return;
-  const char16_t* rest = path->GetWide() + strlen(alias);
-  std::u16string text(target, target + strlen(target));
-  if (*rest && *rest != u'/' && !IsSeparator(text.back())) text += u'/';
-  text += rest;
-  *path = text.c_str();
-}
-
-OString ORegistry::Escape(const OString& name) {
-  OString escaped = name;
-  if (!Contains(name, u"%/:")) return escaped;
-  escaped.Replace("%", "%25");
-  escaped.Replace("/", "%2F");
-  escaped.Replace(":", "%3A");
-  return escaped;
-}
-
-OString ORegistry::Unescape(const OString& name) {
-  if (!Contains(name, u"%")) return name;
-  const std::u16string text = name.GetWide();
+std::u16string DecodeEscapes(std::u16string_view text, uint32_t codePage) {
   std::u16string decoded;
   for (size_t i = 0; i < text.size(); ++i) {
     if (text[i] != u'%' || i + 2 >= text.size()) {
@@ -147,13 +141,39 @@ OString ORegistry::Unescape(const OString& name) {
     } else if (byte < 0x80) {
       decoded += static_cast<char16_t>(byte);
     } else {
-      decoded += WidenByte(static_cast<unsigned char>(byte), name.GetCodePage()).GetWide();
+      decoded += WidenByte(static_cast<unsigned char>(byte), codePage).GetWide();
     }
   }
-  OString result;
-  result.SetCodePage(name.GetCodePage());
-  result = decoded.c_str();
-  return result;
+  return decoded;
+}
+
+void SubstituteAlias(std::u16string* path, const Alias& alias) {
+  const std::string_view target = alias.Target;
+  std::string_view name = alias.Name;
+  if (!StartsWithNoCase(*path, name)) return;
+  path->replace(0, name.size(), std::u16string(target.begin(), target.end()));
+  const bool endsThere = path->size() == target.size() || (*path)[target.size()] == u'/';
+  if (!endsThere && !IsSeparator(static_cast<char16_t>(target.back())))
+    path->insert(target.size(), 1, u'/');
+}
+
+void SubstituteMacro(std::u16string* path, std::u16string_view macro, const OString& text) {
+  ReplaceAll(path, macro, text.GetWide());
+}
+
+OString ORegistry::Escape(const OString& name) {
+  OString escaped = name;
+  if (std::u16string_view(name.GetWide()).find_first_of(u"%/:") == std::u16string_view::npos)
+    return escaped;
+  escaped.Replace("%", "%25");
+  escaped.Replace("/", "%2F");
+  escaped.Replace(":", "%3A");
+  return escaped;
+}
+
+OString ORegistry::Unescape(const OString& name) {
+  if (std::u16string_view(name.GetWide()).find(u'%') == std::u16string_view::npos) return name;
+  return TextOf(DecodeEscapes(name.GetWide(), name.GetCodePage()), name.GetCodePage());
 }
 
 OString ORegistry::ToDisplayForm(const OString& canonical) {
@@ -194,37 +214,36 @@ void ORegistry::SubstitutePrefix(OString* path, const OString& alias, const OStr
 }
 
 bool ORegistry::SplitPath(OString* keyPath, OString* valuePath) const {
-  bool keyOnly = valuePath->IsEmpty();
-  Normalize(keyPath);
-  Normalize(valuePath);
-  OString whole = JoinPath(*keyPath, *valuePath);
-  int split = LastSeparator(whole);
-  if (split < 0) return false;
-  if (keyOnly) {
-    *keyPath = whole;
-  } else {
-    bool isColon = whole.GetWide()[split] == u':';
-    *keyPath = whole.Left(isColon ? split + 1 : split);
-    *valuePath = Unescape(whole.Mid(split + 1));
+  const bool keyOnly = valuePath->IsEmpty();
+  WholePath whole(*keyPath, *valuePath);
+  const size_t split = LastSeparatorOf(whole.Units);
+  if (split == std::u16string::npos) return false;
+  if (!keyOnly) {
+    *valuePath = Unescape(TextOf(whole.Units.substr(split + 1), whole.CodePage));
+    whole.Units.resize(whole.Units[split] == u':' ? split + 1 : split);
   }
-  ResolvePath(keyPath);
+  ResolveUnits(&whole.Units);
+  *keyPath = TextOf(whole.Units, whole.CodePage);
   return true;
 }
 
 bool ORegistry::SplitKeyPath(const OString& path, OString* key) const {
-  OString root = Root;
-  OString rest = path;
-  Normalize(&root);
-  Normalize(&rest);
-  *key = JoinPath(root, rest);
-  if (LastSeparator(*key) < 0) return false;
-  ResolvePath(key);
+  WholePath whole(Root, path);
+  if (LastSeparatorOf(whole.Units) == std::u16string::npos) return false;
+  ResolveUnits(&whole.Units);
+  *key = TextOf(whole.Units, whole.CodePage);
   return true;
 }
 
 void ORegistry::ResolvePath(OString* path) const {
-  if (path->Find(':') < 0) return;
-  for (const Alias& alias : kAliases) SubstituteAlias(path, alias.Name, alias.Target);
+  std::u16string units = path->GetWide();
+  ResolveUnits(&units);
+  *path = TextOf(units, path->GetCodePage());
+}
+
+void ORegistry::ResolveUnits(std::u16string* path) const {
+  if (path->find(u':') == std::u16string::npos) return;
+  for (const Alias& alias : kAliases) SubstituteAlias(path, alias);
 }
 
 }  // namespace ostvt

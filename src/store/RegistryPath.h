@@ -1,12 +1,16 @@
 // Operations on the text of a path that run at each access to the store.
 #pragma once
 
+#include <cstdint>
+#include <string>
+#include <string_view>
+
 #include "core/OString.h"
 
 namespace ostvt {
 
 // `prefix` is ASCII and is compared without regard to the case of letters.
-bool StartsWithNoCase(const OString& text, const char* prefix);
+bool StartsWithNoCase(std::u16string_view text, std::string_view prefix);
 // The last "/" or ":", or -1.
 int LastSeparator(const OString& path);
 // The canonical path of the key `name` below a key that has one itself.
@@ -17,8 +21,11 @@ struct Alias {
   const char* Target;
 };
 
-// ORegistry::SubstitutePrefix for an ASCII alias that ends in ":" and a target that is not empty. A
-// path of another head, which is nearly every one, costs no allocation.
-void SubstituteAlias(OString* path, const char* alias, const char* target);
+// ORegistry::SubstitutePrefix for an ASCII alias that ends in ":" and a target that is not empty,
+// and for a macro that is replaced wherever it stands.
+void SubstituteAlias(std::u16string* path, const Alias& alias);
+void SubstituteMacro(std::u16string* path, std::u16string_view macro, const OString& text);
+// ORegistry::Unescape; bytes above 7F are of `codePage`.
+std::u16string DecodeEscapes(std::u16string_view text, uint32_t codePage);
 
 }  // namespace ostvt

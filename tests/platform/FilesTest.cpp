@@ -30,10 +30,18 @@ TEST_F(FilesTest, NullAndEmptyPathsNameNothing) {
   for (const char16_t* path : {static_cast<const char16_t*>(nullptr), u""}) {
     EXPECT_EQ(nullptr, OpenFile(path, false, kShareAll, false));
     EXPECT_EQ(nullptr, OpenFile(path, true, kShareAll, true));
+    EXPECT_FALSE(IsFile(path));
     EXPECT_FALSE(DeleteFile(path));
     EXPECT_FALSE(SetAttributes(path, 128));
   }
   CloseFile(nullptr);
+}
+
+TEST_F(FilesTest, DirectoryIsNoFile) {
+  EXPECT_FALSE(IsFile(PathOf(u"f").c_str()));
+  Directory.Put("f", "");
+  EXPECT_TRUE(IsFile(PathOf(u"f").c_str()));
+  EXPECT_FALSE(IsFile(PathOf(u"").c_str()));
 }
 
 TEST_F(FilesTest, ReadsWhatWasWritten) {

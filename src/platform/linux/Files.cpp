@@ -153,6 +153,11 @@ bool SetTimes(FileHandle file, const FileTimes& times) {
   return futimens(DescriptorOf(file), both) == 0;
 }
 
+bool IsFile(const char16_t* path) {
+  struct stat status;
+  return stat(SystemPath(path).c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
+}
+
 bool DeleteFile(const char16_t* path) { return unlink(SystemPath(path).c_str()) == 0; }
 
 bool SetAttributes(const char16_t* path, uint32_t attributes) {

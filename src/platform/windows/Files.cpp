@@ -78,6 +78,12 @@ bool SetTimes(FileHandle file, const FileTimes& times) {
                      times.Accessed ? &accessed : nullptr, times.Written ? &written : nullptr);
 }
 
+bool IsFile(const char16_t* path) {
+  if (IsNothing(path)) return false;
+  const DWORD attributes = GetFileAttributesW(AsWide(path));
+  return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
+}
+
 bool DeleteFile(const char16_t* path) { return !IsNothing(path) && DeleteFileW(AsWide(path)); }
 
 bool SetAttributes(const char16_t* path, uint32_t attributes) {
