@@ -125,8 +125,8 @@
 #define IDS_COMMAND_END_OF_JOB 8013
 #define IDS_COMMAND_LOAD_TITLE 8014
 #define IDS_COMMAND_CAPTION 8015
-#define IDS_COMMAND_TOO_LONG 8016     // "%1" is the limit in bytes
-#define IDS_COMMAND_UNREADABLE 8017   // "%1" is the file's name
+#define IDS_COMMAND_TOO_LONG 8016    // "%1" is the limit in bytes
+#define IDS_COMMAND_UNREADABLE 8017  // "%1" is the file's name
 
 // What can be inserted in a command; the page shows the escape that stands for it beside its name.
 #define IDS_INSERT_FIRST 8020
@@ -147,7 +147,7 @@
 #define IDS_OPTION_VALUE_COLUMN 8041
 #define IDS_OPTION_OFF 8042
 #define IDS_OPTION_ON 8043
-#define IDS_OPTION_DEFAULT 8044  // shown for a specification of 0: as the model has it
+#define IDS_OPTION_DEFAULT 8044         // shown for a specification of 0: as the model has it
 #define IDS_OPTION_TRACKING_FIRST 8045  // in the order of the stored numbers
 #define IDS_OPTION_TRACKING_RIGHT 8045
 #define IDS_OPTION_TRACKING_LEFT 8046
@@ -179,6 +179,9 @@
 #define IDS_OPTION_WRITE_TIMEOUT 8072
 #define IDS_OPTION_JOB_COMPLETE_TIMEOUT 8073
 #define IDS_OPTION_QUERY_INTERVAL 8074
+#define IDS_OPTION_USE_ADVANCED_LENGTH 8080
+#define IDS_OPTION_ADVANCED_LENGTH 8081
 
 // About page.
-#define IDS_ABOUT_VERSION 8090  // "%1" is the version, " (%2)" the date of the build, left out without one
+#define IDS_ABOUT_VERSION \
+  8090  // "%1" is the version, " (%2)" the date of the build, left out without one

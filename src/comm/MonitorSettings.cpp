@@ -29,18 +29,14 @@ void MonitorLink::SetNetworkCommunication(bool value) {
   RestartNetwork();
 }
 
-bool MonitorLink::GetTcpEnabled() const {
-  return OwnStore().ReadByte(kTcpEnabled, 1) != 0;
-}
+bool MonitorLink::GetTcpEnabled() const { return OwnStore().ReadByte(kTcpEnabled, 1) != 0; }
 
 void MonitorLink::SetTcpEnabled(bool value) {
   OwnStore().WriteByte(kTcpEnabled, value);
   RestartNetwork();
 }
 
-int32_t MonitorLink::GetTcpPort() const {
-  return OwnStore().ReadInt(kTcpPort, kDefaultTcpPort);
-}
+int32_t MonitorLink::GetTcpPort() const { return OwnStore().ReadInt(kTcpPort, kDefaultTcpPort); }
 
 void MonitorLink::SetTcpPort(int32_t value) {
   OwnStore().WriteInt(kTcpPort, value);
@@ -51,17 +47,13 @@ int32_t MonitorLink::GetConnectionTimeout() const {
   return OwnStore().ReadInt(kTimeout, kDefaultTimeout);
 }
 
-void MonitorLink::SetConnectionTimeout(int32_t value) {
-  OwnStore().WriteInt(kTimeout, value);
-}
+void MonitorLink::SetConnectionTimeout(int32_t value) { OwnStore().WriteInt(kTimeout, value); }
 
 int32_t MonitorLink::GetConnectionRetries() const {
   return OwnStore().ReadInt(kRetries, kDefaultRetries);
 }
 
-void MonitorLink::SetConnectionRetries(int32_t value) {
-  OwnStore().WriteInt(kRetries, value);
-}
+void MonitorLink::SetConnectionRetries(int32_t value) { OwnStore().WriteInt(kRetries, value); }
 
 bool MonitorLink::GetServerAddressOverride() const {
   return OwnStore().ReadByte(kAddressOverride, 0) != 0;
@@ -71,9 +63,7 @@ void MonitorLink::SetServerAddressOverride(bool value) {
   OwnStore().WriteByte(kAddressOverride, value);
 }
 
-OString MonitorLink::GetServerAddress() const {
-  return OwnStore().ReadString(kAddress, OString());
-}
+OString MonitorLink::GetServerAddress() const { return OwnStore().ReadString(kAddress, OString()); }
 
 void MonitorLink::SetServerAddress(const OString& value) {
   OwnStore().WriteString(kAddress, value);

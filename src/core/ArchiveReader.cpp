@@ -131,7 +131,9 @@ void ArchiveReader::LoadSmallMembers(ArchiveFile& file, int32_t first) {
     const uint32_t largest = room < kSmallRecord ? room : kSmallRecord;
     // The directory's word saves reading at members that are not small. Where the local record says
     // otherwise the archive is damaged, and each member waits until it is wanted.
-    if (DwordAt(member->CentralRecord, kCentralPackedSize) > largest) continue;
+    const uint64_t size = uint64_t{kLocalSize} + member->CentralRecordSize - kCentralSize +
+                          DwordAt(member->CentralRecord, kCentralPackedSize);
+    if (size > largest) continue;
     if (!LoadLocalRecord(file, member, kLargestMember, largest)) return;
     room -= member->LocalRecordSize;
   }

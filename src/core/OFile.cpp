@@ -87,7 +87,12 @@ bool OFile::ReadLine(OString& line) {
       if (byte != 0) bytes.Add(byte);
       ended = byte == '\n';
     }
-    if (used < count) Seek(static_cast<int64_t>(used) - count, platform::FileOrigin::kCurrent);
+    if (used == count) continue;
+    // What waits to be written is not for this place, where Seek would write it.
+    const uint32_t waiting = BufferFill;
+    BufferFill = 0;
+    Seek(static_cast<int64_t>(used) - count, platform::FileOrigin::kCurrent);
+    BufferFill = waiting;
   }
   if (!any) return false;
   OString text;

@@ -141,6 +141,8 @@ int OString::Find(const char16_t* text, int start) const {
 }
 
 int OString::Find(const OString& text, int start) const {
+  // A text that can't be made wide would be found everywhere.
+  if (!text.IsEmpty() && NeedsWide(text) && !*text.GetWide()) return -1;
   return NeedsWide(text) ? FindFrom(GetWide(), TextOf(text.GetWide()), start)
                          : FindFrom(GetNarrow(), TextOf(text.GetNarrow()), start);
 }

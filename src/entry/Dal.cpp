@@ -16,6 +16,7 @@ constexpr int32_t kLastAction = 13;
 constexpr uint32_t kVisibleActionFlags = 3;
 
 constexpr uint32_t kNullSessionFlags = 0xFFFFFFFE;
+constexpr int32_t kNoSuchStock = -1;
 constexpr int32_t kNullSession = -2;
 
 bool IsClientAction(int32_t action) { return action >= kFirstAction && action <= kLastAction; }
@@ -87,12 +88,14 @@ void OSTVT_API DAL_Settings_Reset(void* session, uint32_t sections) {
 
 int32_t OSTVT_API DAL_Stock_Enumerate(void* session, int32_t index, void* record, int32_t size) {
   if (!session) return kNullSession;
+  if (size < 0) return kNoSuchStock;
   return EnumerateStock(StockOf(session), index, record, static_cast<uint32_t>(size));
 }
 
 int32_t OSTVT_API DAL_Stock_EnumerateName(void* session, const char16_t* name, void* record,
                                           int32_t size) {
   if (!session) return kNullSession;
+  if (size < 0) return kNoSuchStock;
   return EnumerateStockByName(StockOf(session), name, record, static_cast<uint32_t>(size));
 }
 

@@ -52,15 +52,17 @@ int32_t OSTVT_API DrvDevicePropertySheets(ostvt::PropSheetUiInfo* info, intptr_t
 // The same with a DocumentPropertyHeader; without one 0, and reason 2 gives 1 even without a
 // session. On OK (result 1) with bit 0 or 1 of fMode `pdmOut` gets 1516 bytes; where it is `pdmIn`
 // itself, only the fields inside the sizes that this states. Bit 0 stores the device mode with the
-// printer too. On cancel (0) with bit 1 `pdmOut` gets the 1516 bytes as they were at the start.
+// printer too. On cancel (0) with bit 1 `pdmOut` gets the 1516 bytes as they were at the start. A
+// host that ends the sheet after an apply without reason 3 gets with reason 2 what OK would have
+// given.
 //
 // With `info` null `lparam` is the header and no sheet is wanted. fMode 0 or no `pdmOut`: 1516,
 // also in cbOut, which is not read otherwise. Else 1, with 1516 bytes in `pdmOut` if fMode has 2
 // (8: `pdmIn`, of which no more is read than its header states, merged in); 0 for an unknown model.
 int32_t OSTVT_API DrvDocumentPropertySheets(ostvt::PropSheetUiInfo* info, intptr_t lparam);
 // The platform's indexes 1 to 33. A count, a number, or 0xFFFFFFFF for an index or a printer that
-// is not known. `output` null asks for the count; else it has room for that many items. The name
-// wins over the handle where it is not empty. `devMode` counts for indexes 8 to 11 only.
+// is not known. `output` null asks for the count; else it has room for that many items. The handle
+// wins over the name, which counts where that is null. `devMode` counts for indexes 8 to 11 only.
 uint32_t OSTVT_API DrvDeviceCapabilities(void* printer, const char16_t* deviceName,
                                          uint16_t capability, void* output, const void* devMode);
 // Always 0: this is no port monitor.
@@ -82,7 +84,7 @@ void OSTVT_API DAL_Settings_Export(void* session, const char16_t* path, uint32_t
 void OSTVT_API DAL_Settings_Import(void* session, const char16_t* path, uint32_t sections);
 void OSTVT_API DAL_Settings_Reset(void* session, uint32_t sections);
 // The size of a whole record, also for `size` 0, which asks for nothing else; -1 when there is no
-// such stock; -2 for a null session. Never writes beyond `size` bytes.
+// such stock or `size` is negative; -2 for a null session. Never writes beyond `size` bytes.
 int32_t OSTVT_API DAL_Stock_Enumerate(void* session, int32_t index, void* record, int32_t size);
 int32_t OSTVT_API DAL_Stock_EnumerateName(void* session, const char16_t* name, void* record,
                                           int32_t size);

@@ -117,27 +117,32 @@ int32_t FillInfoHeader(const PropSheetUiInfo* info, PropSheetUiInfoHeader* heade
   return 1;
 }
 
+// The caller's own block has no more room than it states, at worst none.
+void GiveBack(const DriverSession& session, const DevMode& devMode,
+              const DocumentPropertyHeader& header) {
+  if (!header.pdmOut) return;
+  if (header.pdmIn != header.pdmOut) {
+    devMode.CopyTo(header.pdmOut, kDevModeSize);
+    return;
+  }
+  CallerBlock target(header.pdmOut);
+  StockPapers papers(session.Model);
+  if (target.GetSize() > 0) target.Merge(devMode, session.Model, &papers);
+}
+
 int32_t ApplySheetResult(PropSheetUiInfo* info, const SetResultInfo* setResult,
                          const DocumentPropertyHeader* header) {
   DriverSession* session = SessionOf(info);
   if (!session || !setResult) return kSheetFailure;
   if (header && !session->DevModeBuffer.IsEmpty()) {
     if (setResult->Result == kResultOk && (header->fMode & (kModeUpdate | kModeCopy))) {
-      if (header->pdmIn == header->pdmOut) {
-        // The caller's own block has no more room than it states, at worst none.
-        CallerBlock target(header->pdmOut);
-        StockPapers papers(session->Model);
-        if (target.GetSize() > 0) target.Merge(session->DevModeBuffer, session->Model, &papers);
-      } else if (header->pdmOut) {
-        session->DevModeBuffer.CopyTo(header->pdmOut, kDevModeSize);
-      }
+      GiveBack(*session, session->DevModeBuffer, *header);
       if (header->fMode & kModeUpdate) {
         StoreDevMode(session->PrinterHandle, session->PrinterName, session->DevModeBuffer);
       }
     }
-    if (setResult->Result == kResultCancel && (header->fMode & kModeCopy) && header->pdmOut) {
-      session->SavedDevMode.CopyTo(header->pdmOut, kDevModeSize);
-    }
+    if (setResult->Result == kResultCancel && (header->fMode & kModeCopy))
+      GiveBack(*session, session->SavedDevMode, *header);
   }
   session->IsApplied = false;
   info->Result = static_cast<uintptr_t>(setResult->Result);

@@ -29,6 +29,14 @@ int32_t Run(Codec codec, const void* input, uint32_t inputLength, void* output, 
   return codec(input, inputLength, output, length);
 }
 
+// No room at all has a use here: whether the block holds nothing.
+int32_t RunDecoder(Codec codec, const void* input, uint32_t inputLength, void* output,
+                   uint32_t* length) {
+  uint8_t nothing = 0;
+  const bool isEmpty = length && *length == 0;
+  return Run(codec, input, inputLength, isEmpty ? &nothing : output, length);
+}
+
 }  // namespace
 }  // namespace ostvt
 
@@ -53,7 +61,7 @@ int32_t OSTVT_API X16_LZ77_Encode(const void* input, uint32_t inputLength, void*
 
 int32_t OSTVT_API X16_LZ77_Decode(const void* input, uint32_t inputLength, void* output,
                                   uint32_t* length) {
-  return Run(LZ77::Decode, input, inputLength, output, length);
+  return RunDecoder(LZ77::Decode, input, inputLength, output, length);
 }
 
 int32_t OSTVT_API X16_LZ77_RawEncode(const void* input, uint32_t inputLength, void* output,
@@ -63,10 +71,7 @@ int32_t OSTVT_API X16_LZ77_RawEncode(const void* input, uint32_t inputLength, vo
 
 int32_t OSTVT_API X16_LZ77_RawDecode(const void* input, uint32_t inputLength, void* output,
                                      uint32_t* length) {
-  // Unlike the others it has use for no room at all: whether the stream holds nothing.
-  uint8_t nothing = 0;
-  bool isEmpty = length && *length == 0;
-  return Run(LZ77::RawDecode, input, inputLength, isEmpty ? &nothing : output, length);
+  return RunDecoder(LZ77::RawDecode, input, inputLength, output, length);
 }
 
 uint16_t OSTVT_API X16_CRC16(const void* data, uint32_t length, uint16_t seed) {
@@ -79,7 +84,7 @@ uint32_t OSTVT_API X16_CRC32(const void* data, uint32_t length, uint32_t seed) {
 
 int32_t OSTVT_API X16_OFile_GetTime(const char16_t* path, void* created, void* accessed,
                                     void* written) {
-  uint64_t times[3];
+  uint64_t times[3] = {};
   if (!OFile::GetTime(OString(path), &times[0], &times[1], &times[2])) return 0;
   StoreTime(created, times[0]);
   StoreTime(accessed, times[1]);

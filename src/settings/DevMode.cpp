@@ -13,6 +13,8 @@
 namespace ostvt {
 namespace {
 
+constexpr uint32_t kAdvancedLengthEnd = offsetof(ModelRecord, AdvancedLength) + sizeof(int32_t);
+
 constexpr uint32_t kSlotStarts[] = {0, 256, 512, 768};
 constexpr uint32_t kSlotSizes[] = {256, 256, 256, 252};
 // A fourth text of this length or more runs into PresetNameCrc.
@@ -218,6 +220,13 @@ uint32_t DevMode::GetIcmIntent() const {
 bool DevMode::GetMirror() const { return GetImageFlag(kImageMirror); }
 bool DevMode::GetNegative() const { return GetImageFlag(kImageNegative); }
 
+bool DevMode::UsesAdvancedLength() const { return GetImageFlag(kImageAdvancedLength); }
+
+int32_t DevMode::GetAdvancedLength() const {
+  const ModelRecordView& view = GetRecord();
+  return view.Room >= kAdvancedLengthEnd ? view.Record->AdvancedLength : 0;
+}
+
 uint32_t DevMode::GetPresetNameCrc() const {
   const ModelRecord* record = GetRecord().Record;
   return record ? record->PresetNameCrc : 0;
@@ -255,6 +264,13 @@ void DevMode::SetIcmIntent(uint32_t value) {
 
 void DevMode::SetMirror(bool value) { SetImageFlag(kImageMirror, value); }
 void DevMode::SetNegative(bool value) { SetImageFlag(kImageNegative, value); }
+
+void DevMode::UseAdvancedLength(bool value) { SetImageFlag(kImageAdvancedLength, value); }
+
+void DevMode::SetAdvancedLength(int32_t value) {
+  const ModelRecordView& view = GetRecord();
+  if (view.Room >= kAdvancedLengthEnd) view.Record->AdvancedLength = value;
+}
 
 void DevMode::SetStock(const PaperForm& stock) {
   Set(&PublicDevMode::dmPaperSize, stock.Id);

@@ -82,6 +82,10 @@ class DevMode {
   bool GetMirror() const;
   bool GetNegative() const;
   uint32_t GetPresetNameCrc() const;
+  // Whether an advanced length of the document's own is in force, and which: thousandths of a
+  // millimetre, 0 where the record doesn't reach so far.
+  bool UsesAdvancedLength() const;
+  int32_t GetAdvancedLength() const;
 
   void SetCopies(int32_t value);
   void SetOrientation(int32_t value);
@@ -91,6 +95,8 @@ class DevMode {
   void SetIcmIntent(uint32_t value);
   void SetMirror(bool value);
   void SetNegative(bool value);
+  void UseAdvancedLength(bool value);
+  void SetAdvancedLength(int32_t value);
   void SetStock(const PaperForm& stock);
   // Notes the name's CRC; nothing where the fourth command text is so long that it lies over it.
   void SetPresetName(const OString& name);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <iterator>
 
 namespace ostvt {
 namespace {
@@ -10,11 +11,14 @@ namespace {
 // on purpose.
 void FitToTarget(DevMode* block, const DevMode& target, bool hasPapers) {
   constexpr uint32_t kNameSize = sizeof(PublicDevMode::dmDeviceName);
+  constexpr int kFormNameUnits = std::size(PublicDevMode{}.dmFormName);
   // A block of another printer would be taken without its resolution and colour.
   if (block->GetSize() >= kNameSize && target.GetSize() >= kNameSize)
     memcpy(block->GetBlock(), target.GetBlock(), kNameSize);
-  // Numbers of papers mean other ones on another printer, names do not.
-  if (hasPapers && block->HasFields(kFieldPaperSize | kFieldFormName) &&
+  // Numbers of papers mean other ones on another printer, names do not. One that fills its field
+  // may be cut.
+  const bool isWhole = block->GetFormName().Length() < kFormNameUnits - 1;
+  if (hasPapers && isWhole && block->HasFields(kFieldPaperSize | kFieldFormName) &&
       !block->GetFormName().IsEmpty() && block->Get(&PublicDevMode::dmPaperSize) > kUserPaperId) {
     block->ChangeFields(kFieldPaperSize, 0);
   }

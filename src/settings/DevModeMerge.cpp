@@ -25,10 +25,17 @@ struct HalftoneView {
   uint32_t Size = 0;               // bytes of it that are there and in use
 };
 
+uint32_t OffsetIn(const DevMode& devMode, const void* place) {
+  return static_cast<uint32_t>(static_cast<const uint8_t*>(place) - devMode.GetBlock());
+}
+
 HalftoneView FindHalftone(const DevMode& devMode) {
   HalftoneView view;
   const uint32_t start = devMode.GetPublicSize();
-  const uint32_t room = devMode.GetSize() - start;
+  // Where a model record lies is none of the halftone block, whatever that states.
+  const ModelRecordView& record = devMode.GetRecord();
+  const uint32_t end = record.Record ? OffsetIn(devMode, record.Record) : devMode.GetSize();
+  const uint32_t room = end > start ? end - start : 0;
   if (room < kHalftoneHead) return view;
   auto* block = reinterpret_cast<HalftoneBlock*>(devMode.GetBlock() + start);
   if (memcmp(block->Signature, kHalftoneSignature, sizeof(block->Signature)) != 0) return view;

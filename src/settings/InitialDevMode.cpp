@@ -1,5 +1,7 @@
 #include "settings/InitialDevMode.h"
 
+#include <cstring>
+
 #include "core/Memory.h"
 #include "model/PrinterModel.h"
 #include "settings/DevMode.h"
@@ -11,6 +13,7 @@ namespace {
 
 constexpr char kInitialDevMode[] = "DATA:Initial DevMode";
 constexpr int32_t kSize = kDevModeSize;
+constexpr size_t kHalftoneForm = offsetof(HalftoneBlock, HalftoneInfo);
 
 }  // namespace
 
@@ -25,10 +28,14 @@ bool LoadInitialDevMode(PrinterModel* model, DevMode* target) {
   if (!ReadInitialDevMode(model->GetStore(), block)) return false;
   target->SetDefaults(model);
   if (SameRecordKind(DevMode(block, kDevModeSize).GetRecord(), target->GetRecord())) {
+    // A halftone block of another form would stay so for good: merging keeps the target's form.
+    if (memcmp(target->GetBlock() + kPublicSize, block + kPublicSize, kHalftoneForm) != 0)
+      CopyBytes(block + kPublicSize, target->GetBlock() + kPublicSize, kHalftoneSize);
     CopyBytes(target->GetBlock(), block, kDevModeSize);
   } else {
     constexpr size_t kStart = offsetof(PublicDevMode, dmFields);
     CopyBytes(target->GetBlock() + kStart, block + kStart, kPublicSize - kStart);
+    target->CopyPrivateFrom(DevMode(block, kDevModeSize));
   }
   return true;
 }

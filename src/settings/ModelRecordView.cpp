@@ -61,7 +61,8 @@ uint32_t CommonRecordSize(const ModelRecordView& a, const ModelRecordView& b) {
 
 bool SameRecordKind(const ModelRecordView& a, const ModelRecordView& b) {
   return a.Record && b.Record && memcmp(a.Trailer->TrailerModel, b.Trailer->TrailerModel, 3) == 0 &&
-         a.Record->RecordVersion == b.Record->RecordVersion && CommonRecordSize(a, b) >= b.Room;
+         a.Record->RecordVersion == b.Record->RecordVersion && a.Room == b.Room &&
+         CommonRecordSize(a, b) == b.Room;
 }
 
 void CopyRecord(const ModelRecordView& source, const ModelRecordView& target) {

@@ -56,6 +56,11 @@ const char* DriverInfoTarget() {
                           : "PRINT:Environments/Windows NT x86/Drivers/Version-2/[MODEL]";
 }
 
+// The full path of a hive brings the separator along.
+bool EndsInBackslash(const OString& path) {
+  return std::u16string_view(path.GetWide()).ends_with(u'\\');
+}
+
 bool EndsKey(char16_t unit) { return unit == u'\\' || unit == u']'; }
 
 // What stands between a key that is replaced and the rest of its header.
@@ -130,6 +135,7 @@ void PrinterRegistry::ResolveUnits(std::u16string* path) const {
   if (path->find(u':') == std::u16string::npos) return;
   SubstituteAlias(path, {"DRIVER_INFO:", DriverInfoTarget()});
   for (const Alias& alias : kAliases) SubstituteAlias(path, alias);
+  const bool endsOpen = path->ends_with(u'/');
   const std::pair<std::u16string_view, const OString&> macros[] = {{u"[PRINTER]", PrinterName},
                                                                    {u"[MODEL]", ModelName},
                                                                    {u"[PORT]", PortName},
@@ -138,6 +144,9 @@ void PrinterRegistry::ResolveUnits(std::u16string* path) const {
     if (path->find(macro) != std::u16string::npos) SubstituteMacro(path, macro, Escape(name));
   }
   SubstituteMacro(path, u"[OEM]", OemCode);
+  // A key whose last element is the name of nobody would be the one above, which all printers
+  // share.
+  if (!endsOpen && path->ends_with(u'/')) path->clear();
   ORegistry::ResolveUnits(path);
 }
 
@@ -154,8 +163,10 @@ OString PrinterRegistry::RouteKey(const OString& canonicalPath) const {
   if (!IsShadowed) return canonicalPath;
   for (const ShadowHead& shadow : kShadowHeads) {
     if (!StartsWithNoCase(canonicalPath.GetWide(), shadow.Head)) continue;
-    OString path = GetDataHive() == platform::Hive::kCurrentUser ? "1:SOFTWARE/Vantrel/Drivers/"
-                                                                 : "2:SOFTWARE/Vantrel/Drivers/";
+    OString path;
+    path.SetCodePage(canonicalPath.GetCodePage());
+    path = GetDataHive() == platform::Hive::kCurrentUser ? "1:SOFTWARE/Vantrel/Drivers/"
+                                                         : "2:SOFTWARE/Vantrel/Drivers/";
     if (IsRemote) path += OString("@") + Escape(ServerName) + "/";
     path += shadow.Name;
     path += canonicalPath.Mid(shadow.Units);
@@ -183,16 +194,16 @@ void PrinterRegistry::ListBranchRoots(OStringArray* array) const {
 }
 
 void PrinterRegistry::ExpandAliasInLines(const OString& alias, OStringArray* lines) const {
-  bool isWhole = !alias.IsEmpty() && alias.GetWide()[alias.Length() - 1] == u':';
-  ReplaceInHeaders(alias, ToFullPath(alias), isWhole ? Behind::kPutEndOfKey : Behind::kAnything,
-                   lines);
+  const bool isWhole = !alias.IsEmpty() && alias.GetWide()[alias.Length() - 1] == u':';
+  const OString full = ToFullPath(alias);
+  const bool putsEnd = isWhole && !EndsInBackslash(full);
+  ReplaceInHeaders(alias, full, putsEnd ? Behind::kPutEndOfKey : Behind::kAnything, lines);
 }
 
 void PrinterRegistry::CollapseAliasInLines(const OString& alias, OStringArray* lines) const {
-  // The full path of a hive brings the separator along.
-  OString full = ToFullPath(alias);
-  bool isHive = full.Length() > 0 && full.GetWide()[full.Length() - 1] == u'\\';
-  ReplaceInHeaders(full, alias, isHive ? Behind::kAnything : Behind::kEndOfKey, lines);
+  const OString full = ToFullPath(alias);
+  ReplaceInHeaders(full, alias, EndsInBackslash(full) ? Behind::kAnything : Behind::kEndOfKey,
+                   lines);
 }
 
 }  // namespace ostvt

@@ -74,6 +74,10 @@ std::u16string Normalize(const OString& path) {
 // A path that names its hive stands by itself.
 bool HasHead(std::u16string_view path) { return path.find(u':', 1) != std::u16string_view::npos; }
 
+// A text that its code page can't make wide would pass for an empty one, and what is done to it
+// would be done to the key above.
+bool HasUnits(const OString& path) { return path.IsEmpty() || *path.GetWide() != 0; }
+
 // A path behind the one that it hangs from, both normalized.
 struct WholePath {
   WholePath(const OString& root, const OString& path)
@@ -81,7 +85,8 @@ struct WholePath {
     if (HasHead(Units)) return;
     std::u16string head = Normalize(root);
     while (head.ends_with(u'/')) head.pop_back();
-    if (!Units.empty() && !head.empty() && head.back() != u':') head += u'/';
+    if (head.empty()) return;
+    if (!Units.empty() && head.back() != u':') head += u'/';
     Units.insert(0, head);
     CodePage = root.GetCodePage();
   }
@@ -135,14 +140,16 @@ std::u16string DecodeEscapes(std::u16string_view text, uint32_t codePage) {
     }
     unsigned byte = (16 * LaxHexDigit(text[i + 1]) + LaxHexDigit(text[i + 2])) & 0xFF;
     i += 2;
-    if (byte == 0) {
-      // The unit behind has moved to the place just looked at; it stays as it is.
-      if (i + 1 < text.size()) decoded += text[++i];
-    } else if (byte < 0x80) {
-      decoded += static_cast<char16_t>(byte);
-    } else {
-      decoded += WidenByte(static_cast<unsigned char>(byte), codePage).GetWide();
+    std::u16string units;
+    if (byte >= 0x80) {
+      units = WidenByte(static_cast<unsigned char>(byte), codePage).GetWide();
+    } else if (byte != 0) {
+      units = static_cast<char16_t>(byte);
     }
+    decoded += units;
+    // Of a byte that gives nothing the unit behind takes the place just looked at; it stays as it
+    // is.
+    if (units.empty() && i + 1 < text.size()) decoded += text[++i];
   }
   return decoded;
 }
@@ -214,6 +221,7 @@ void ORegistry::SubstitutePrefix(OString* path, const OString& alias, const OStr
 }
 
 bool ORegistry::SplitPath(OString* keyPath, OString* valuePath) const {
+  if (!HasUnits(*keyPath) || !HasUnits(*valuePath)) return false;
   const bool keyOnly = valuePath->IsEmpty();
   WholePath whole(*keyPath, *valuePath);
   const size_t split = LastSeparatorOf(whole.Units);
@@ -228,6 +236,7 @@ bool ORegistry::SplitPath(OString* keyPath, OString* valuePath) const {
 }
 
 bool ORegistry::SplitKeyPath(const OString& path, OString* key) const {
+  if (!HasUnits(Root) || !HasUnits(path)) return false;
   WholePath whole(Root, path);
   if (LastSeparatorOf(whole.Units) == std::u16string::npos) return false;
   ResolveUnits(&whole.Units);

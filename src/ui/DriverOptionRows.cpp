@@ -4,6 +4,7 @@
 
 #include "core/Arrays.h"
 #include "model/PrinterModel.h"
+#include "settings/DevMode.h"
 #include "settings/DriverOptions.h"
 
 namespace ostvt {
@@ -77,7 +78,8 @@ OptionKind GetOptionKind(DriverOption option) {
   return NeedsOverride(option) ? OptionKind::kLength : OptionKind::kTime;
 }
 
-std::vector<OfferedOption> GetOfferedOptions(PrinterModel* model, const DriverOptions& options) {
+std::vector<OfferedOption> GetOfferedOptions(PrinterModel* model, const DriverOptions& options,
+                                             const DevMode& devMode) {
   std::vector<OfferedOption> offered;
   if (!model) return offered;
   const bool override = options.GetOverride();
@@ -85,9 +87,42 @@ std::vector<OfferedOption> GetOfferedOptions(PrinterModel* model, const DriverOp
     const auto option = static_cast<DriverOption>(i);
     if (!IsOffered(option, *model, options)) continue;
     const OptionKind kind = GetOptionKind(option);
-    offered.push_back({option, kind, override || !NeedsOverride(option), 0, MaximumOf(kind)});
+    offered.push_back({OptionSource::kPrinter, option, kind, override || !NeedsOverride(option), 0,
+                       MaximumOf(kind)});
   }
+  const auto addOfDocument = [&](OptionSource source, OptionKind kind, bool enabled) {
+    offered.push_back({source, {}, kind, enabled, 0, MaximumOf(kind)});
+  };
+  addOfDocument(OptionSource::kUsesAdvancedLength, OptionKind::kFlag, true);
+  addOfDocument(OptionSource::kAdvancedLength, OptionKind::kLength, devMode.UsesAdvancedLength());
   return offered;
+}
+
+int32_t GetOptionNumber(const OfferedOption& offered, const DriverOptions& options,
+                        const DevMode& devMode) {
+  switch (offered.Source) {
+    case OptionSource::kUsesAdvancedLength:
+      return devMode.UsesAdvancedLength();
+    case OptionSource::kAdvancedLength:
+      return devMode.GetAdvancedLength();
+    default:
+      return options.GetNumber(offered.Option);
+  }
+}
+
+void SetOptionNumber(const OfferedOption& offered, int32_t value, DriverOptions* options,
+                     DevMode* devMode) {
+  switch (offered.Source) {
+    case OptionSource::kUsesAdvancedLength:
+      devMode->UseAdvancedLength(value != 0);
+      break;
+    case OptionSource::kAdvancedLength:
+      devMode->SetAdvancedLength(value);
+      break;
+    default:
+      options->SetNumber(offered.Option, value);
+      break;
+  }
 }
 
 std::vector<int32_t> GetResolutionChoices(const PrinterModel& model, bool ofX, int32_t current) {

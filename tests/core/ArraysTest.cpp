@@ -83,6 +83,7 @@ TEST(Arrays, AutomaticGrowthIsAnEighthFromFourTo1024) {
   EXPECT_EQ(10000 + 1024, CapacityAfterOneMore(10000, 0));
   EXPECT_EQ(1 + 4, CapacityAfterOneMore(1, 0));
   EXPECT_EQ(40 + 5, CapacityAfterOneMore(40, 0));
+  EXPECT_EQ(39 + 4, CapacityAfterOneMore(39, 0));  // of the old count
 }
 
 TEST(Arrays, GrowByIsTheStep) { EXPECT_EQ(32 + 10, CapacityAfterOneMore(32, 10)); }

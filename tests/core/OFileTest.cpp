@@ -339,6 +339,20 @@ TEST_F(OFileTest, WhatIsWrittenAsTextIsReadAsLines) {
   EXPECT_EQ("\xE6\x97\xA5\xE6\x9C\xAC\r\n", Directory.Get("f"));
 }
 
+// It goes where the file stands when it is written, not where a line was looked for.
+TEST_F(OFileTest, ReadingALineKeepsWhatWaitsToBeWritten) {
+  Directory.Put("f", "one\ntwo\n" + std::string(400, '.'));
+  OFile file(PathOf("f"), kFileWrite | kFileAppend);
+  file.Seek(0, FileOrigin::kBegin);
+  OString line;
+  ASSERT_TRUE(file.ReadLine(line));
+  file.Write("TWO", 3);
+  ASSERT_TRUE(file.ReadLine(line));
+  EXPECT_STREQ("two", line.GetNarrow());
+  file.Close();
+  EXPECT_EQ("one\ntwo\nTWO" + std::string(397, '.'), Directory.Get("f"));
+}
+
 TEST_F(OFileTest, GetTimeGivesWhatSetTimeSet) {
   Directory.Put("f", "content");
   const uint64_t created = 133000000000000000, accessed = 133100000010000000,

@@ -65,7 +65,19 @@ TEST_F(Dal, SessionWithoutAModelSurvivesClose) {
   DAL_Settings_Save(session);
   EXPECT_EQ(DAL_Printer_Action(session, 1), 0);
   EXPECT_EQ(DAL_Printer_ActionFlag(session, 1), 0u);
+  EXPECT_EQ(DAL_Printer_ActionUI(session, nullptr, 3), 0);
   EXPECT_EQ(DAL_Stock_Enumerate(session, 0, nullptr, 0), 156);
+  GuardedBlock record(156);
+  DAL_Stock_EnumerateUpdate(session, record.Data());
+  EXPECT_EQ(DAL_Stock_Remove(session, 0), 0);
+  EXPECT_EQ(DAL_Stock_RemoveName(session, u"None"), 0);
+  DAL_Stock_Add(session, u"New");
+  const TempDirectory files;
+  DAL_Settings_Export(session, files.WidePath(u"out.sds").c_str(), 0xFFFFFFFF);
+  files.Put("in.sds", "<model name=\"X\">\r\n");
+  DAL_Settings_Import(session, files.WidePath(u"in.sds").c_str(), 0xFFFFFFFF);
+  DAL_Settings_Reset(session, 0xFFFFFFFF);
+  DAL_Printer_SendFile(session, files.WidePath(u"in.sds").c_str());
   DAL_Printer_Close(session);
 }
 
@@ -148,6 +160,10 @@ TEST_F(Dal, StockThatIsNotThereTouchesNoRecord) {
   EXPECT_EQ(DAL_Stock_Enumerate(Session, 0, nullptr, 0), 156);
   EXPECT_EQ(DAL_Stock_Enumerate(Session, -1, record.Data(), 0), 156);
   EXPECT_EQ(DAL_Stock_EnumerateName(Session, nullptr, nullptr, 0), 156);
+  for (int32_t size : {-1, INT32_MIN}) {
+    EXPECT_EQ(DAL_Stock_Enumerate(Session, 0, record.Data(), size), -1);
+    EXPECT_EQ(DAL_Stock_EnumerateName(Session, u"USER", record.Data(), size), -1);
+  }
   for (int32_t index : {INT32_MIN, -1, 1, INT32_MAX}) {
     EXPECT_EQ(DAL_Stock_Enumerate(Session, index, record.Data(), 156), -1);
     EXPECT_EQ(DAL_Stock_Enumerate(Session, index, nullptr, 156), -1);

@@ -34,6 +34,12 @@ TEST_F(DeviceCapabilities, HandleWinsWhenTheNameIsEmpty) {
   EXPECT_EQ(DrvDeviceCapabilities(handle, Name(), 13, nullptr, nullptr), 2u);
 }
 
+TEST_F(DeviceCapabilities, HandleWinsOverTheName) {
+  AddPrinter();
+  OpenHandle handle(Printer->Name());
+  EXPECT_EQ(DrvDeviceCapabilities(handle, u"No such printer", 13, nullptr, nullptr), 2u);
+}
+
 // As a print dialog asks: for every number and then for the data, also about a block of its own.
 // A top of form is what a model limits by a key of its own.
 TEST_F(DeviceCapabilities, AWarmCallTouchesNoArchive) {
@@ -56,6 +62,10 @@ TEST_F(DeviceCapabilities, AWarmCallTouchesNoArchive) {
   int32_t size = 0;
   EXPECT_EQ(DrvConvertDevMode(Name(), nullptr, nullptr, &size, 4), 0);
   EXPECT_EQ(size, 1516);
+  DocumentPropertyHeader header = DocumentHeader(0, nullptr);
+  EXPECT_EQ(AskWithoutPages(&header), 1516);
+  header = DocumentHeader(kModeCopy, block.data());
+  EXPECT_EQ(AskWithoutPages(&header), 1);
   EXPECT_EQ(TheArchiveCache()->GetOpenCount(), opens);
 }
 

@@ -73,6 +73,23 @@ TEST_F(MonitorSilence, SizeQueriesNeverReachForTheMonitor) {
   EXPECT_FALSE(WasReachedFor());
 }
 
+// The spooler asks while it is still writing the printer's key, and holds everybody up meanwhile.
+TEST_F(MonitorSilence, PrinterBeingCreatedNeverReachesForTheMonitor) {
+  PrinterRegistry store = Store();
+  store.SetShadowed(false);
+  store.Delete("DATA:", true);
+  for (const char* value : {"Share Name", "Print Processor", "Datatype", "Default DevMode"})
+    store.Delete(OString("PRINT:Printers/[PRINTER]/") + value, false);
+  DocumentPropertyHeader size = DocumentHeader(0, nullptr);
+  EXPECT_EQ(1516, AskWithoutPages(&size));
+  std::vector<uint8_t> block(1516);
+  DocumentPropertyHeader copy = DocumentHeader(kModeCopy, block.data());
+  EXPECT_EQ(1, AskWithoutPages(&copy));
+  EXPECT_EQ(2u, DrvDeviceCapabilities(nullptr, Name(), 13, nullptr, nullptr));
+  DriverDefault();
+  EXPECT_FALSE(WasReachedFor());
+}
+
 TEST_F(MonitorSilence, TurnedOffCommunicationIsNeverAskedFor) {
   PrinterRegistry store = Store();
   store.SetShadowed(false);

@@ -158,6 +158,27 @@ TEST_F(SheetResults, CancelRestoresTheDevModeAsItStoodAtTheStart) {
   EXPECT_EQ(host.Destroy(), 1);
 }
 
+TEST_F(SheetResults, CancelStaysInsideOneBlock) {
+  AddPrinter();
+  GuardedBlock both(188 + 10, 0);
+  both.PutWord(kAtSpecVersion, 800);
+  both.PutWord(kAtSize, 188);
+  both.PutWord(kAtExtra, 10);
+  memset(both.Data() + 188, 0x5C, 10);
+  DocumentPropertyHeader header = DocumentHeader(2, both.Data(), both.Data());
+  SheetHost host(DrvDocumentPropertySheets, &header);
+  ASSERT_EQ(host.Init(), 1);
+  Edit(host, 77);
+  EXPECT_EQ(host.SetResult(1), 1);
+  EXPECT_EQ(both.Word(kAtCopies), 77);
+  EXPECT_EQ(host.SetResult(0), 1);
+  EXPECT_EQ(both.Word(kAtCopies), 1);
+  EXPECT_EQ(both.Word(kAtSize), 188);
+  EXPECT_EQ(both.Word(kAtExtra), 10);
+  for (size_t i = 188; i < 198; i++) EXPECT_EQ(both.Data()[i], 0x5C);
+  EXPECT_EQ(host.Destroy(), 1);
+}
+
 TEST_F(SheetResults, CancelWithoutTheCopyBitLeavesTheOutput) {
   AddPrinter();
   GuardedBlock output(1516);

@@ -51,8 +51,7 @@ TEST_F(CapabilitiesHost, NumbersOfEveryIndex) {
 
 TEST_F(CapabilitiesHost, FieldsEqualTheDefaultDevModesFields) {
   std::vector<BYTE> block = DefaultDevMode(Printer);
-  EXPECT_EQ(Ask(DC_FIELDS),
-            static_cast<int>(reinterpret_cast<DEVMODEW*>(block.data())->dmFields & 0x7FFFFFFF));
+  EXPECT_EQ(Ask(DC_FIELDS), static_cast<int>(reinterpret_cast<DEVMODEW*>(block.data())->dmFields));
 }
 
 TEST_F(CapabilitiesHost, ColourModelHasColourFields) {

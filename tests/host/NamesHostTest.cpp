@@ -35,7 +35,7 @@ INSTANTIATE_TEST_SUITE_P(
         // 220 units.
         L"The printer at the packing line in hall three beside the second gate, used for the large "
         L"pallet labels of the night shift and for nothing else, please ask at the office before "
-        L"you change its ribbon or any of its settings."));
+        L"you change its ribbon or any of its settings"));
 
 }  // namespace
 }  // namespace host

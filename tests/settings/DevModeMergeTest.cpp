@@ -271,10 +271,13 @@ TEST_F(DevModeMerge, IcmFieldsNeedTheirBytes) {
   Source.Put(192, 4, 4);
   Merge(PublicSource(188));
   EXPECT_EQ(2u, Target.Get(188, 4));
-  Merge(PublicSource(192));
+  Merge(PublicSource(189));
   EXPECT_EQ(3u, Target.Get(188, 4));
+  Source.Put(188, 4, 2);
+  Merge(PublicSource(192));
+  EXPECT_EQ(2u, Target.Get(188, 4));
   EXPECT_EQ(1u, Target.Get(192, 4));
-  Merge(PublicSource(196));
+  Merge(PublicSource(193));
   EXPECT_EQ(4u, Target.Get(192, 4));
 }
 
@@ -329,6 +332,20 @@ TEST_F(DevModeMerge, LyingHalftoneSizesNeverReachTheRecord) {
   Source.Put(1513, 1, 'x');  // so that no private data is taken
   Merge();
   EXPECT_EQ(0u, Target.Get(kRecord, 1));
+}
+
+// A block as an older caller may have it: eight bytes of halftone, then the record.
+TEST_F(DevModeMerge, HalftoneEndsWhereARecordBegins) {
+  TestBlock target(220 + 8 + kModelRecordSize);
+  std::copy(Target.Data(), Target.Data() + 228, target.Data());
+  std::copy(Target.Data() + kRecord, Target.Data() + 1516, target.Data() + 228);
+  target.Put(kExtra, 2, 8 + kModelRecordSize);
+  const std::vector<uint8_t> record(target.Data() + 228, target.Data() + target.Size);
+  for (uint32_t i = kHalftone + 8; i < kHalftone + 164; ++i) Source.Put(i, 1, 0xEE);
+  Source.Put(1513, 1, 'x');  // so that no private data is taken
+  DevMode(target.Data(), target.Size).Merge(DevMode(Source.Data(), 1516), Model(), &Probe);
+  // Validation brings the record into range, which the default one is already.
+  EXPECT_EQ(record, std::vector<uint8_t>(target.Data() + 228, target.Data() + target.Size));
 }
 
 TEST_F(DevModeMerge, HalftoneNeedsItsSignatureAndVersion) {

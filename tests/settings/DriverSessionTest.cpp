@@ -4,6 +4,7 @@
 
 #include "platform/Spooler.h"
 #include "settings/AccessLevels.h"
+#include "settings/InitialDevMode.h"
 #include "settings/StockPapers.h"
 #include "tests/settings/SettingsFixture.h"
 
@@ -268,6 +269,39 @@ TEST_F(DriverSessionTest, InitialDevModeWithAForeignPrivatePartGetsADefaultOne) 
   EXPECT_EQ(7, SourceOf(session));
   ASSERT_NE(nullptr, session.DevModeBuffer.GetOstrelSettings());
   EXPECT_EQ(5, session.DevModeBuffer.GetOstrelSettings()->printSpeed);
+}
+
+// What both have of the record counts; the rest is the default's.
+TEST_F(DriverSessionTest, InitialDevModeWithAShorterRecordKeepsWhatItHas) {
+  ForgetStoredFields();
+  std::vector<uint8_t> stored = InitialBlock(7);
+  auto* record = reinterpret_cast<ModelRecord*>(stored.data() + 384);
+  record->ImageFlags = kImageNegative;
+  record->RecordSize = offsetof(ModelRecord, AdvancedLength);
+  record->AdvancedLength = 1;
+  WriteInitial(stored);
+  DevMode loaded;
+  loaded.Allocate();
+  ASSERT_TRUE(LoadInitialDevMode(Model(), &loaded));
+  EXPECT_TRUE(loaded.GetNegative());
+  EXPECT_EQ(6350, loaded.GetAdvancedLength());
+}
+
+// Merging keeps the form of the target's block, so that a wrong one would stay for good.
+TEST_F(DriverSessionTest, InitialDevModeWithAForeignHalftoneBlockGetsADefaultOne) {
+  ForgetStoredFields();
+  const std::vector<uint8_t> sound = InitialBlock(7);
+  for (const size_t offset : {size_t{220}, size_t{222}, size_t{224}}) {
+    std::vector<uint8_t> stored = sound;
+    ++stored[offset];
+    stored[230] = 99;
+    WriteInitial(stored);
+    DevMode loaded;
+    loaded.Allocate();
+    ASSERT_TRUE(LoadInitialDevMode(Model(), &loaded));
+    EXPECT_EQ(7, loaded.GetBlock()[88]);
+    EXPECT_EQ(0, memcmp(loaded.GetBlock() + 220, sound.data() + 220, 164)) << offset;
+  }
 }
 
 TEST_F(DriverSessionTest, StoredNarrowFormIsValidatedOnThe16BitPath) {

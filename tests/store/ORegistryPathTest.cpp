@@ -233,6 +233,50 @@ TEST(ORegistryPath, PathWithoutColonOrSlashFailsWithoutARoot) {
   EXPECT_EQ("x|y", Split("", "x/y"));
 }
 
+OString InPage(uint32_t codePage, const char* text) {
+  OString made;
+  made.SetCodePage(codePage);
+  made = text;
+  return made;
+}
+
+std::u16string SplitInPages(const OString& root, const OString& path) {
+  OString key = root;
+  OString value = path;
+  EXPECT_TRUE(ORegistry().SplitPath(&key, &value));
+  return std::u16string(key.GetWide()) + u"|" + value.GetWide();
+}
+
+// A relative path takes the page of what it hangs from, another one keeps its own.
+TEST(ORegistryPath, EscapesAreOfThePageOfTheWholePath) {
+  EXPECT_EQ(u"2:A/%E9|\u0439", SplitInPages("", InPage(1251, "2:A/%E9/%E9")));
+  EXPECT_EQ(u"2:A|\u00E9", SplitInPages(InPage(1252, "2:A"), InPage(1251, "%E9")));
+  EXPECT_EQ(u"2:B|\u0439", SplitInPages(InPage(1252, "2:A"), InPage(1251, "2:B/%E9")));
+  EXPECT_EQ(u"x|\u0439", SplitInPages("", InPage(1251, "x/%E9")));
+}
+
+TEST(ORegistryPath, RootIsNormalizedToo) {
+  EXPECT_EQ("2:A%2FB/C|D", Split("2:A//B\\C\\", "D"));
+  EXPECT_EQ("2:A|D", Split("2:A\\\\", "D"));
+}
+
+// What can't be read as a path is none, and not the key that it would hang from.
+TEST(ORegistryPath, TextOfAPageThatIsNoneIsNoPath) {
+  OString key = "2:A/B";
+  OString value = InPage(9999, "C");
+  EXPECT_FALSE(ORegistry().SplitPath(&key, &value));
+  key = InPage(9999, "2:A/B");
+  value = "C";
+  EXPECT_FALSE(ORegistry().SplitPath(&key, &value));
+}
+
+TEST(ORegistryPath, ByteThatGivesNothingPassesOverTheNextUnit) {
+  OString name;
+  name.SetCodePage(9999);
+  name = u"%E9%2F";
+  EXPECT_EQ(std::u16string(u"%2F"), ORegistry::Unescape(name).GetWide());
+}
+
 TEST(ORegistryPath, PositionsHoldInWideAndMultiByteText) {
   OString path;
   path.SetCodePage(932);

@@ -50,6 +50,18 @@ class ORegistryStore : public ::testing::Test {
   ORegistry Registry;
 };
 
+// What can't be read as a path is none, and not the key that it would hang from.
+TEST_F(ORegistryStore, TextOfAPageThatIsNoneLeavesItsRootAlone) {
+  OString lost;
+  lost.SetCodePage(9999);
+  lost = "x";
+  Registry.Root = kBase;
+  ASSERT_TRUE(Registry.WriteByte("Kept", 1));
+  EXPECT_FALSE(Registry.Delete(lost, true));
+  EXPECT_FALSE(Registry.WriteByte(lost, 2));
+  EXPECT_EQ(1, Registry.ReadByte("Kept", 0));
+}
+
 TEST_F(ORegistryStore, DwordOfMissingValueIsTheDefault) {
   EXPECT_EQ(77u, Registry.ReadDword(At("V"), 77));
 }

@@ -105,6 +105,30 @@ TEST_F(PrinterRegistryTest, UnknownPrinterLeavesTheNamesEmpty) {
   EXPECT_FALSE(registry.WriteByte("SETTINGS:A", 1));
 }
 
+// Where the name is the key's last element, the key above is everybody's.
+TEST_F(PrinterRegistryTest, UnknownPrinterReachesNoKeyOfAllPrinters) {
+  AddPrinter(u"P");
+  PrinterRegistry registry("No Such Printer");
+  ORegistry().WriteByte("USER:Printers/Shadow Blocked", 1);
+  EXPECT_EQ(0, registry.ReadByte("USER:Printers/[PRINTER]/Shadow Blocked", 0));
+  EXPECT_FALSE(registry.WriteByte("USER:Printers/[PRINTER]/Shadow Blocked", 2));
+  EXPECT_FALSE(registry.Delete("USER:Printers/[PRINTER]", true));
+  EXPECT_EQ(1, ORegistry().ReadByte("USER:Printers/Shadow Blocked", 0));
+  ORegistry().Delete("USER:Printers/Shadow Blocked", false);
+}
+
+// Each macro works on what the one before it left.
+TEST_F(PrinterRegistryTest, MacrosExpandInTheirOrder) {
+  AddPrinter(u"P");
+  PrinterRegistry registry = Open();
+  registry.PrinterName = "[PORT]";
+  registry.PortName = "[PRINTER]";
+  EXPECT_EQ("1:x/[PRINTER]/y", Resolve(registry, "1:x/[PRINTER]/y"));
+  EXPECT_EQ("1:x/[PRINTER]/y", Resolve(registry, "1:x/[PORT]/y"));
+  registry.PortName = "Q";
+  EXPECT_EQ("1:x/Q/y", Resolve(registry, "1:x/[PRINTER]/y"));
+}
+
 TEST_F(PrinterRegistryTest, CopyForgetsTheModelName) {
   AddPrinter(u"P");
   PrinterRegistry registry = Open();
@@ -441,6 +465,8 @@ TEST_F(PrinterRegistryTest, ExpandWritesTheFullPathInHeaders) {
   EXPECT_EQ("[" + data + "\\Settings]", Expand(registry, "DATA:", "[DATA:\\Settings]"));
   EXPECT_EQ("[-" + data + "\\Settings]", Expand(registry, "DATA:", "[-DATA:\\Settings]"));
   EXPECT_EQ("[" + data + "]", Expand(registry, "DATA:", "[DATA:]"));
+  // A hive's full path brings the separator along.
+  EXPECT_EQ("[HKEY_LOCAL_MACHINE\\SOFTWARE]", Expand(registry, "2:", "[2:SOFTWARE]"));
 }
 
 TEST_F(PrinterRegistryTest, ExpandSeparatesAnAliasThatStandsDirectlyBeforeItsKey) {

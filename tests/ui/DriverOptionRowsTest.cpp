@@ -2,6 +2,7 @@
 #include "ui/DriverOptionRows.h"
 
 #include "model/ModelDataRecord.h"
+#include "settings/DevMode.h"
 #include "settings/DriverOptions.h"
 #include "tests/settings/SettingsFixture.h"
 
@@ -16,19 +17,20 @@ class DriverOptionRows : public SettingsTest {
   }
   // Null where it isn't offered.
   const OfferedOption* Find(DriverOption option) {
-    Offered = GetOfferedOptions(Model(), Options);
+    Offered = GetOfferedOptions(Model(), Options, Document);
     for (const OfferedOption& each : Offered) {
-      if (each.Option == option) return &each;
+      if (each.Source == OptionSource::kPrinter && each.Option == option) return &each;
     }
     return nullptr;
   }
 
   DriverOptions Options;
+  DevMode Document;
   std::vector<OfferedOption> Offered;
 };
 
 TEST_F(DriverOptionRows, NoModelOffersNothing) {
-  EXPECT_TRUE(GetOfferedOptions(nullptr, Options).empty());
+  EXPECT_TRUE(GetOfferedOptions(nullptr, Options, Document).empty());
 }
 
 TEST_F(DriverOptionRows, PlainModelOffersNoBarCodesAndNoStatus) {
@@ -90,6 +92,29 @@ TEST_F(DriverOptionRows, ResolutionsAreTheModelsAndTheOneInForce) {
   EXPECT_EQ((std::vector<int32_t>{0, 203, 300}), GetResolutionChoices(*Model(), true, 0));
   EXPECT_EQ((std::vector<int32_t>{0, 150, 203}), GetResolutionChoices(*Model(), false, 203));
   EXPECT_EQ((std::vector<int32_t>{0, 203, 300, 600}), GetResolutionChoices(*Model(), true, 600));
+}
+
+TEST_F(DriverOptionRows, DocumentsAdvancedLengthStandsBehindThePrintersOptions) {
+  Open(ModelText());
+  Document.Allocate();
+  Document.SetDefaults(Model());
+  Offered = GetOfferedOptions(Model(), Options, Document);
+  const OfferedOption uses = Offered[Offered.size() - 2];
+  EXPECT_EQ(OptionSource::kUsesAdvancedLength, uses.Source);
+  EXPECT_EQ(0, GetOptionNumber(uses, Options, Document));
+  EXPECT_FALSE(Offered.back().IsEnabled);
+  SetOptionNumber(uses, 1, &Options, &Document);
+  Offered = GetOfferedOptions(Model(), Options, Document);
+  const OfferedOption length = Offered.back();
+  EXPECT_EQ(OptionSource::kAdvancedLength, length.Source);
+  EXPECT_TRUE(length.IsEnabled);
+  EXPECT_EQ(6350, GetOptionNumber(length, Options, Document));
+  SetOptionNumber(length, 12700, &Options, &Document);
+  // Where the platform's records have them.
+  EXPECT_EQ(0x10, Document.GetBlock()[384 + 1028]);
+  int32_t stored = 0;
+  memcpy(&stored, Document.GetBlock() + 384 + 1032, sizeof stored);
+  EXPECT_EQ(12700, stored);
 }
 
 TEST_F(DriverOptionRows, NumbersStayInsideTheirBounds) {

@@ -147,9 +147,15 @@ void RemoveSheetHook(DriverSession* session) {
   if (!hook) return;
   session->AtEnd = nullptr;
   if (hook->Page) {
-    // Below another subclass the procedure can't be taken out; it then only passes messages on.
+    // Below another subclass the procedure can't be taken out; it then only passes messages on, and
+    // the module must stay for it.
     if (reinterpret_cast<WNDPROC>(GetWindowLongPtrW(hook->Page, GWLP_WNDPROC)) != PageProcedure) {
+      HMODULE module = nullptr;
+      GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
+                         reinterpret_cast<LPCWSTR>(PageProcedure), &module);
+      AcquireSRWLockExclusive(&hooksLock);
       hook->Session = nullptr;
+      ReleaseSRWLockExclusive(&hooksLock);
       return;
     }
     SetProcedure(hook->Page, hook->OldProcedure);

@@ -20,6 +20,22 @@ bool IsTextual(OptionKind kind) {
   return kind == OptionKind::kText || kind == OptionKind::kCharacter;
 }
 
+int32_t TitleOf(const OfferedOption& offered) {
+  switch (offered.Source) {
+    case OptionSource::kUsesAdvancedLength:
+      return IDS_OPTION_USE_ADVANCED_LENGTH;
+    case OptionSource::kAdvancedLength:
+      return IDS_OPTION_ADVANCED_LENGTH;
+    default:
+      return IDS_OPTION_FIRST + static_cast<int32_t>(offered.Option);
+  }
+}
+
+// Of a printer's option 0 is no length: the model's counts.
+bool IsModels(const OfferedOption& offered, int32_t value) {
+  return value <= 0 && offered.Source == OptionSource::kPrinter;
+}
+
 bool IsSurrogate(char16_t unit) { return (unit & 0xF800) == 0xD800; }
 
 }  // namespace
@@ -43,7 +59,7 @@ void DriverOptionsPage::OnInitDialog() {
 
 void DriverOptionsPage::Update(bool initial) {
   const std::vector<OfferedOption> before = std::move(Offered);
-  Offered = GetOfferedOptions(Session->Model, Options);
+  Offered = GetOfferedOptions(Session->Model, Options, Settings());
   if (initial || Offered.size() != before.size()) FillList();
   ShowValues();
   ShowEditor();
@@ -53,8 +69,7 @@ void DriverOptionsPage::FillList() {
   Writing = true;
   List.SetRedraw(false);
   List.Clear();
-  for (const OfferedOption& offered : Offered)
-    List.AddItem(Text(IDS_OPTION_FIRST + static_cast<int32_t>(offered.Option)));
+  for (const OfferedOption& offered : Offered) List.AddItem(Text(TitleOf(offered)));
   if (!Offered.empty()) List.ShowItem(0);
   List.SetRedraw(true);
   Writing = false;
@@ -92,7 +107,7 @@ void DriverOptionsPage::ShowEditor() {
 }
 
 void DriverOptionsPage::FillChoices(const OfferedOption& offered) {
-  const int32_t current = Options.GetNumber(offered.Option);
+  const int32_t current = NumberOf(offered);
   if (offered.Kind == OptionKind::kResolution) {
     const bool ofX = offered.Option == DriverOption::kXResolution;
     for (const int32_t value : GetResolutionChoices(*Session->Model, ofX, current))
@@ -111,7 +126,7 @@ void DriverOptionsPage::AddChoice(const OString& text, int32_t value, int32_t cu
 
 OString DriverOptionsPage::ValueText(const OfferedOption& offered) {
   if (IsTextual(offered.Kind)) return Options.GetText(offered.Option);
-  return NumberText(offered, Options.GetNumber(offered.Option));
+  return NumberText(offered, NumberOf(offered));
 }
 
 OString DriverOptionsPage::NumberText(const OfferedOption& offered, int32_t value) {
@@ -124,7 +139,7 @@ OString DriverOptionsPage::NumberText(const OfferedOption& offered, int32_t valu
     case OptionKind::kResolution:
       return value <= 0 ? Text(IDS_OPTION_DEFAULT) : Resources().FormatResolution(value);
     case OptionKind::kLength:
-      return value <= 0 ? Text(IDS_OPTION_DEFAULT) : Resources().FormatMeasure(value);
+      return IsModels(offered, value) ? Text(IDS_OPTION_DEFAULT) : Resources().FormatMeasure(value);
     default:
       return OString::FromInt(value, 0) + " " + Text(IDS_OPTION_MILLISECONDS);
   }
@@ -132,9 +147,9 @@ OString DriverOptionsPage::NumberText(const OfferedOption& offered, int32_t valu
 
 OString DriverOptionsPage::EditText(const OfferedOption& offered) {
   if (IsTextual(offered.Kind)) return Options.GetText(offered.Option);
-  const int32_t value = Options.GetNumber(offered.Option);
+  const int32_t value = NumberOf(offered);
   if (offered.Kind == OptionKind::kTime) return OString::FromInt(value, 0);
-  return value <= 0 ? OString() : Resources().FormatMeasure(value);
+  return IsModels(offered, value) ? OString() : Resources().FormatMeasure(value);
 }
 
 bool DriverOptionsPage::OnCommand(int32_t id, uint32_t code, LPARAM) {
@@ -186,11 +201,15 @@ void DriverOptionsPage::TakeText() {
   }
 }
 
+int32_t DriverOptionsPage::NumberOf(const OfferedOption& offered) {
+  return GetOptionNumber(offered, Options, Settings());
+}
+
 void DriverOptionsPage::SetNumber(const OfferedOption& offered, int32_t value) {
   value = LimitOption(offered, value);
-  if (Options.GetNumber(offered.Option) == value) return;
-  Options.SetNumber(offered.Option, value);
-  Edited = true;
+  if (NumberOf(offered) == value) return;
+  SetOptionNumber(offered, value, &Options, &Settings());
+  if (offered.Source == OptionSource::kPrinter) Edited = true;
 }
 
 void DriverOptionsPage::SetText(const OfferedOption& offered, const OString& value) {

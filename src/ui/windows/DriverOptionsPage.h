@@ -1,4 +1,5 @@
-// The page of the driver options, which belong to the printer and not to the document.
+// The page of the driver options, which belong to the printer, and of a few rare settings of the
+// document.
 #pragma once
 
 #include <vector>
@@ -12,8 +13,8 @@
 
 namespace ostvt {
 
-// Changes stand in the model's cache, where other pages see them, and go to the store when the
-// sheet is applied; cancelling it drops them.
+// Changes of the printer's stand in the model's cache, where other pages see them, and go to the
+// store when the sheet is applied; cancelling it drops them.
 class DriverOptionsPage : public UPage {
  public:
   void Update(bool initial) override;
@@ -38,6 +39,7 @@ class DriverOptionsPage : public UPage {
   OString ValueText(const OfferedOption& offered);
   OString NumberText(const OfferedOption& offered, int32_t value);
   OString EditText(const OfferedOption& offered);
+  int32_t NumberOf(const OfferedOption& offered);
   void SetNumber(const OfferedOption& offered, int32_t value);
   void SetText(const OfferedOption& offered, const OString& value);
   // Null when no row is selected.

@@ -17,6 +17,7 @@
 #include "ui/DialogTemplate.h"
 #include "ui/Languages.h"
 #include "ui/StringBlock.h"
+#include "ui/TemplateBounds.h"
 #include "ui/windows/PictureControl.h"
 
 namespace ostvt {
@@ -171,6 +172,7 @@ const DLGTEMPLATE* UResourceSet::LoadTemplate(const OString& name, uint32_t* siz
         RichEditLibrary = platform::OpenLibrary(u"riched20.dll");
       patched = new Buffer;
       PatchDialogTemplate(source.Data, source.Size, TargetOfSystem(), patched);
+      KeepTemplateInside(patched);
       TemplateCache.Set(name, patched);
     }
   }

@@ -299,6 +299,28 @@ TEST_F(DriverOptionsPageTest, AppliedSpecificationsChangeTheModel) {
   EXPECT_EQ(40000, Session().Model->GetMaximumX().ToMicrons());
 }
 
+TEST_F(DriverOptionsPageTest, AdvancedLengthIsTheDocuments) {
+  Open();
+  const std::string store = StoreDump();
+  Select("Document: advanced length");
+  EXPECT_FALSE(IsEnabled(Page, IDC_OPTION_TEXT));
+  Select("Document: use its own advanced length");
+  EXPECT_EQ("<Off>;On", Lines(Page, IDC_OPTION_CHOICE));
+  Choose(Page, IDC_OPTION_CHOICE, 1);
+  EXPECT_TRUE(SheetChanged);
+  Select("Document: advanced length");
+  EXPECT_TRUE(IsEnabled(Page, IDC_OPTION_TEXT));
+  Type(Page, IDC_OPTION_TEXT, L"0");
+  EXPECT_EQ("0.0 mm", Value("Document: advanced length"));
+  Type(Page, IDC_OPTION_TEXT, L"1 in");
+  EXPECT_EQ(25400, Session().DevModeBuffer.GetAdvancedLength());
+  EXPECT_TRUE(Session().DevModeBuffer.UsesAdvancedLength());
+  EXPECT_EQ("", DumpDifference(store, StoreDump()));
+  SheetNotify(Page, PSN_RESET);
+  EXPECT_FALSE(Session().DevModeBuffer.UsesAdvancedLength());
+  EXPECT_EQ(6350, Session().DevModeBuffer.GetAdvancedLength());
+}
+
 TEST_F(DriverOptionsPageTest, LockedOptionsCanOnlyBeLookedAt) {
   AddLabelPrinter();
   Lock();
