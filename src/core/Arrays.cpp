@@ -42,12 +42,11 @@ int32_t PlainArray<T>::Add(T value) {
 
 template <typename T>
 void PlainArray<T>::InsertAt(int32_t index, int32_t count) {
-  index = std::max(index, 0);
-  int32_t oldCount = Count;
-  count = std::min(count, INT32_MAX - std::max(index, oldCount));
+  const int32_t oldCount = Count;
+  index = std::clamp(index, 0, oldCount);
+  count = std::min(count, INT32_MAX - oldCount);
   if (count <= 0) return;
-  SetSize(std::max(index, oldCount) + count);
-  if (index >= oldCount) return;
+  SetSize(oldCount + count);
   MoveBytes(Data + index + count, Data + index, static_cast<size_t>(oldCount - index) * sizeof(T));
   FillBytes(Data + index, 0, static_cast<size_t>(count) * sizeof(T));
 }

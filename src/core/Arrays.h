@@ -30,7 +30,7 @@ class PlainArray {
   void SetSize(int32_t count, int32_t growBy = -1);
   // The index of the new element.
   int32_t Add(T value);
-  // A gap of `count` zeroed elements; an index past the end grows the array to it first.
+  // A gap of `count` zeroed elements, at the end for an index past it.
   void InsertAt(int32_t index, int32_t count = 1);
   void RemoveAt(int32_t index, int32_t count = 1);
   // The first index at or after `start` with equal bytes, or -1.

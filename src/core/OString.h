@@ -83,6 +83,7 @@ class OString {
   void AssignCount(const char16_t* text, int n);
 
   OString& operator+=(const OString& text);
+  // Once the text has been asked for wide, a byte is a character of its own, except in UTF-8.
   OString& operator+=(char character);
   OString& operator+=(char16_t character);
   OString& operator+=(const char* text);

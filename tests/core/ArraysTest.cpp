@@ -136,10 +136,12 @@ TEST(Arrays, InsertAtMakesAZeroedGap) {
   EXPECT_EQ((Dwords{1, 0, 0, 2, 3, 0}), Elements(array));
 }
 
-TEST(Arrays, InsertAtPastTheEndGrowsToTheIndex) {
+TEST(Arrays, InsertAtPastTheEndIsAtTheEnd) {
   DwordArray array;
   Fill(array, 2).InsertAt(4, 1);
-  EXPECT_EQ((Dwords{1, 2, 0, 0, 0}), Elements(array));
+  EXPECT_EQ((Dwords{1, 2, 0}), Elements(array));
+  array.InsertAt(INT32_MAX, 1);
+  EXPECT_EQ((Dwords{1, 2, 0, 0}), Elements(array));
 }
 
 TEST(Arrays, InsertAtClampsItsArguments) {

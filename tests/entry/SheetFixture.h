@@ -4,7 +4,7 @@
 #include "entry/Sheet.h"
 #include "settings/DriverSession.h"
 #include "tests/entry/EntryFixture.h"
-#include "tests/entry/SheetHost.h"
+#include "tests/support/SheetHost.h"
 
 namespace ostvt::test {
 

@@ -1,4 +1,4 @@
-#include "tests/entry/SheetHost.h"
+#include "tests/support/SheetHost.h"
 
 namespace ostvt::test {
 namespace {
