@@ -54,9 +54,10 @@ class SessionWithStorages : public DriverSession {
 
 class SessionActions : public SettingsTest {
  protected:
-  void Open(const std::string& method = "") {
+  void Open(const std::string& method = "", const std::string& font = "") {
     ModelText text;
     text.Method += method;
+    text.Font += font;
     AddPrinter(text);
     Session.Windows = &Windows;
     Session.NoShadowPush = true;
@@ -141,6 +142,29 @@ TEST_F(SessionActions, SheetsHaveTheirPages) {
                    "sheet [2490] *:FONT_SETTINGS/RESIDENT *:FONT_SETTINGS/UTILITY "
                    "*:FONTS/^FONT_OPTIONS/ENCODING"}),
             Windows.Calls);
+}
+
+TEST_F(SessionActions, FontSheetHasAPageForDownloadsWhereTheModelTakesThem) {
+  Open("", "Download.Bitmap=Yes\n");
+  EXPECT_TRUE(Do(49));
+  EXPECT_EQ(Calls{"sheet [2490] *:FONT_SETTINGS/RESIDENT *:FONT_SETTINGS/DOWNLOADED "
+                  "*:FONT_SETTINGS/UTILITY *:FONTS/^FONT_OPTIONS/ENCODING"},
+            Windows.Calls);
+}
+
+// The 16-bit path asks the rendering half how it keeps Type 1 fonts.
+TEST_F(SessionActions, FontsPageFollowsTheAnswerAboutType1Fonts) {
+  Open("", "Download.Bitmap=Yes\n");
+  const PathFlags path(false, false);
+  for (const int answer : {-1, 0, 1, 7}) {
+    static int given;
+    given = answer;
+    Recorder.OtherEscape = [](int escape, void*, int) { return escape == 19901 ? given : -9; };
+    Session.PendingPageNames.SetSize(0);
+    EXPECT_EQ(2, Session.RegisterPages(1));
+    EXPECT_STREQ(answer >= 1 ? "*:FONTS_NOATM" : "*:FONTS",
+                 Session.PendingPageNames[0].GetNarrow());
+  }
 }
 
 TEST_F(SessionActions, OnlyAnAcceptedDriverSheetRefreshesTheOthers) {

@@ -36,6 +36,7 @@ struct ModelText {
       "Transform.Inverse=true\n";
   std::string Features;
   std::string Method = "Copies.Limit=999\n";
+  std::string Font;
   std::string BarCode;
   std::string Rfid;
   std::string Oem;  // the whole file
@@ -56,12 +57,14 @@ inline void WriteArchives(const TempDirectory& directory, const ModelText& text)
   ZipBuilder family;
   family.Add("Manufacturer.d", "[Vantrel]\nCompanyName=Vantrel\n");
   std::string parts = "Drawing=Drawing:D\nFeatures=Features:F\nMethod=Method:M\n";
+  if (!text.Font.empty()) parts += "Font=Font:F\n";
   if (!text.BarCode.empty()) parts += "BarCode=BarCode:B\n";
   if (!text.Rfid.empty()) parts += "RFID=RFID:R\n";
   family.Add("Model.d", "[Test]\n" + parts + text.Model);
   family.Add("Drawing.d", "[D]\n" + text.Drawing);
   family.Add("Features.d", "[F]\n" + text.Features);
   family.Add("Method.d", "[M]\n" + text.Method);
+  if (!text.Font.empty()) family.Add("Font.d", "[F]\n" + text.Font);
   if (!text.BarCode.empty()) family.Add("BarCode.d", "[B]\n" + text.BarCode);
   if (!text.Rfid.empty()) family.Add("RFID.d", "[R]\n" + text.Rfid);
   EXPECT_TRUE(family.WriteTo(directory.Path("vt#ost.ddz")));

@@ -98,7 +98,7 @@ finds "a low button" language/enu/base.rc 's/IDC_STOCK_NEW, 60, 25, 59, 14/IDC_S
 finds "a narrow button" language/enu/base.rc 's/IDC_STOCK_NEW, 60, 25, 59/IDC_STOCK_NEW, 60, 25, 40/' "is narrower than a button"
 finds "a clipped button" language/deu/base.rc 's/"Ver&walten\.\.\."/"Voreinstellungen ver\&walten..."/' "wide, and has 51"
 finds "a clipped line" language/deu/base.rc 's/"&Breite:"/"\&Breite des Etiketts:"/' "needs more room than 38 by 8"
-finds "a paragraph too long" language/deu/base.rc 's/Diese Optionen gehören/Diese Optionen gehören, wie schon lange und in allen Versionen des Treibers üblich, immer nur/' "needs more room than 238 by 17"
+finds "a paragraph too long" language/deu/base.rc 's/gehören diese Optionen/gehören diese Optionen, wie schon lange und in allen Versionen des Treibers üblich, immer nur/' "needs more room than 238 by 17"
 finds "a page of another size" language/enu/base.rc 's/"\*:ABOUT" DIALOGEX 0, 0, 252, 218/"*:ABOUT" DIALOGEX 0, 0, 252, 200/' "a page is 252 by 218"
 finds "another font" language/enu/base.rc '0,/FONT 8/s//FONT 9/' "font (9, 400, 0, 1, 'MS Shell Dlg')"
 finds "no tab stop" language/enu/base.rc 's/\(IDC_STOCK, .*\) | WS_TABSTOP/\1/' "control 1001 cannot be reached by the Tab key"
