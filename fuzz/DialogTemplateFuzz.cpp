@@ -31,10 +31,12 @@ class Shown {
     if (!isExtended) At += 4;
     const int controls = Word();
     At += 8;
-    for (int i = 0; i < 3; ++i) Name();
-    if (style & 0x40) {
-      At += isExtended ? 6 : 2;
-      Name();
+    Name();
+    Name();
+    Text(Word());
+    if ((style & 0x40) && Word() != 0x7FFF) {
+      if (isExtended) At += 4;
+      Text(Word());
     }
     for (int i = 0; i < controls; ++i) {
       At += (4 - (At - start) % 4) % 4;
@@ -57,11 +59,14 @@ class Shown {
     return low | uint32_t{Word()} << 16;
   }
   void Name() {
-    uint16_t unit = Word();
+    const uint16_t unit = Word();
     if (unit == 0xFFFF) {
       Word();
       return;
     }
+    Text(unit);
+  }
+  void Text(uint16_t unit) {
     while (unit != 0) unit = Word();
   }
 

@@ -14,7 +14,8 @@ class ServerRegistry;
 // there is none.
 std::string ChangedSettings(ServerRegistry* server, std::string_view known);
 // Replaces each key that the text names. Only branches that belong to a printer's configuration are
-// taken; the rest is passed over. False, with all as it was, when the store takes it not.
+// taken; the rest is passed over. False when the store takes no changes now; where it can undo, all
+// is then as it was.
 bool UpdateSettings(ServerRegistry* server, const std::string& text);
 
 }  // namespace ostvt::netmon

@@ -10,6 +10,8 @@
 namespace ostvt::netmon {
 namespace {
 
+constexpr int kShortestFinish = 100;  // milliseconds
+
 constexpr char kScheme[] = "socket://";
 constexpr char kDefaultService[] = "9100";
 constexpr size_t kLargestPiece = 1 << 20;
@@ -132,7 +134,7 @@ bool Socket::Finish(int timeout) {
   uint8_t bytes[1024];
   int got = 1;
   const uint32_t start = platform::TickCount();
-  const auto longest = static_cast<uint32_t>(kFinishPauses * timeout);
+  const auto longest = static_cast<uint32_t>(std::max(kFinishPauses * timeout, kShortestFinish));
   while (done && got > 0 && platform::TickCount() - start <= longest)
     got = Receive(bytes, sizeof bytes, timeout);
   Close();

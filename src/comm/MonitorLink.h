@@ -104,8 +104,8 @@ class MonitorLink {
   bool LocalBidiEnabled = false;  // the printer's attribute when the monitor was last asked
   int32_t LastResult = 0;         // of SendXPMLRequest; 0 where it could not be called
   uint32_t LastError = 0;         // the system's error number behind it
-  // The printer's store as its owner has it; borrowed. Null: the printer is looked up for each
-  // call.
+  // The printer's store as its owner took it, whatever changes since; borrowed. Null: the printer
+  // is looked up for each call.
   const PrinterRegistry* Known = nullptr;
   // How the monitor is reached; borrowed. Null: the file beside the module.
   MonitorLoader* Loader = nullptr;

@@ -71,6 +71,8 @@ uint32_t OFile::Read(void* buffer, uint32_t size) {
 }
 
 bool OFile::ReadLine(OString& line) {
+  // What waits to be written is for this place, not for the one that Seek goes to below.
+  Flush();
   // Collected as bytes: one character of the code page may be several.
   ByteArray bytes;
   bool any = false;
@@ -87,12 +89,7 @@ bool OFile::ReadLine(OString& line) {
       if (byte != 0) bytes.Add(byte);
       ended = byte == '\n';
     }
-    if (used == count) continue;
-    // What waits to be written is not for this place, where Seek would write it.
-    const uint32_t waiting = BufferFill;
-    BufferFill = 0;
-    Seek(static_cast<int64_t>(used) - count, platform::FileOrigin::kCurrent);
-    BufferFill = waiting;
+    if (used < count) Seek(static_cast<int64_t>(used) - count, platform::FileOrigin::kCurrent);
   }
   if (!any) return false;
   OString text;

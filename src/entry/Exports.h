@@ -52,9 +52,9 @@ int32_t OSTVT_API DrvDevicePropertySheets(ostvt::PropSheetUiInfo* info, intptr_t
 // The same with a DocumentPropertyHeader; without one 0, and reason 2 gives 1 even without a
 // session. On OK (result 1) with bit 0 or 1 of fMode `pdmOut` gets 1516 bytes; where it is `pdmIn`
 // itself, only the fields inside the sizes that this states. Bit 0 stores the device mode with the
-// printer too. On cancel (0) with bit 1 `pdmOut` gets the 1516 bytes as they were at the start. A
-// host that ends the sheet after an apply without reason 3 gets with reason 2 what OK would have
-// given.
+// printer too. On cancel (0) with bit 1 `pdmOut` gets the 1516 bytes as they were at the start,
+// where it is `pdmIn` itself likewise inside its sizes. A host that ends the sheet after an apply
+// without reason 3 gets with reason 2 what OK would have given.
 //
 // With `info` null `lparam` is the header and no sheet is wanted. fMode 0 or no `pdmOut`: 1516,
 // also in cbOut, which is not read otherwise. Else 1, with 1516 bytes in `pdmOut` if fMode has 2

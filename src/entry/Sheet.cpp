@@ -72,6 +72,29 @@ char16_t FoldLetter(char16_t unit) {
   return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit - u'A' + u'a') : unit;
 }
 
+// The caller's own block has no more room than it states, at worst none.
+void GiveBack(const DriverSession& session, const DevMode& devMode,
+              const DocumentPropertyHeader& header) {
+  if (!header.pdmOut) return;
+  if (header.pdmIn != header.pdmOut) {
+    devMode.CopyTo(header.pdmOut, kDevModeSize);
+    return;
+  }
+  CallerBlock target(header.pdmOut);
+  StockPapers papers(session.Model);
+  if (target.GetSize() > 0) target.Merge(devMode, session.Model, &papers);
+}
+
+// As it was at the start; a block of this driver's size whole, since merging keeps some of it.
+void Restore(const DriverSession& session, const DocumentPropertyHeader& header) {
+  const bool isWhole = CallerBlockLength(header.pdmOut) == kDevModeSize;
+  if (header.pdmOut && isWhole) {
+    session.SavedDevMode.CopyTo(header.pdmOut, kDevModeSize);
+  } else {
+    GiveBack(session, session.SavedDevMode, header);
+  }
+}
+
 }  // namespace
 
 bool IsExplorer(std::u16string_view programPath) {
@@ -117,19 +140,6 @@ int32_t FillInfoHeader(const PropSheetUiInfo* info, PropSheetUiInfoHeader* heade
   return 1;
 }
 
-// The caller's own block has no more room than it states, at worst none.
-void GiveBack(const DriverSession& session, const DevMode& devMode,
-              const DocumentPropertyHeader& header) {
-  if (!header.pdmOut) return;
-  if (header.pdmIn != header.pdmOut) {
-    devMode.CopyTo(header.pdmOut, kDevModeSize);
-    return;
-  }
-  CallerBlock target(header.pdmOut);
-  StockPapers papers(session.Model);
-  if (target.GetSize() > 0) target.Merge(devMode, session.Model, &papers);
-}
-
 int32_t ApplySheetResult(PropSheetUiInfo* info, const SetResultInfo* setResult,
                          const DocumentPropertyHeader* header) {
   DriverSession* session = SessionOf(info);
@@ -142,7 +152,7 @@ int32_t ApplySheetResult(PropSheetUiInfo* info, const SetResultInfo* setResult,
       }
     }
     if (setResult->Result == kResultCancel && (header->fMode & kModeCopy))
-      GiveBack(*session, session->SavedDevMode, *header);
+      Restore(*session, *header);
   }
   session->IsApplied = false;
   info->Result = static_cast<uintptr_t>(setResult->Result);

@@ -220,11 +220,12 @@ uint32_t DevMode::GetIcmIntent() const {
 bool DevMode::GetMirror() const { return GetImageFlag(kImageMirror); }
 bool DevMode::GetNegative() const { return GetImageFlag(kImageNegative); }
 
+bool DevMode::HasAdvancedLength() const { return GetRecord().Room >= kAdvancedLengthEnd; }
+
 bool DevMode::UsesAdvancedLength() const { return GetImageFlag(kImageAdvancedLength); }
 
 int32_t DevMode::GetAdvancedLength() const {
-  const ModelRecordView& view = GetRecord();
-  return view.Room >= kAdvancedLengthEnd ? view.Record->AdvancedLength : 0;
+  return HasAdvancedLength() ? GetRecord().Record->AdvancedLength : 0;
 }
 
 uint32_t DevMode::GetPresetNameCrc() const {
@@ -268,8 +269,7 @@ void DevMode::SetNegative(bool value) { SetImageFlag(kImageNegative, value); }
 void DevMode::UseAdvancedLength(bool value) { SetImageFlag(kImageAdvancedLength, value); }
 
 void DevMode::SetAdvancedLength(int32_t value) {
-  const ModelRecordView& view = GetRecord();
-  if (view.Room >= kAdvancedLengthEnd) view.Record->AdvancedLength = value;
+  if (HasAdvancedLength()) GetRecord().Record->AdvancedLength = value;
 }
 
 void DevMode::SetStock(const PaperForm& stock) {

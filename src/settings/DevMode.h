@@ -82,8 +82,9 @@ class DevMode {
   bool GetMirror() const;
   bool GetNegative() const;
   uint32_t GetPresetNameCrc() const;
+  bool HasAdvancedLength() const;  // the record reaches so far
   // Whether an advanced length of the document's own is in force, and which: thousandths of a
-  // millimetre, 0 where the record doesn't reach so far.
+  // millimetre, 0 where the record has none.
   bool UsesAdvancedLength() const;
   int32_t GetAdvancedLength() const;
 

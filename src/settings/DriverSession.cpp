@@ -27,6 +27,7 @@ DriverSession::~DriverSession() {
     Link.SetShadowBlocked(false);
     if (!NoShadowPush) Link.PushShadow();
   }
+  Link.Known = nullptr;
   delete Model;
   FreeCounted(PageHandles);
 }

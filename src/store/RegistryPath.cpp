@@ -232,7 +232,7 @@ bool ORegistry::SplitPath(OString* keyPath, OString* valuePath) const {
   }
   ResolveUnits(&whole.Units);
   *keyPath = TextOf(whole.Units, whole.CodePage);
-  return true;
+  return !whole.Units.empty();
 }
 
 bool ORegistry::SplitKeyPath(const OString& path, OString* key) const {
@@ -241,7 +241,7 @@ bool ORegistry::SplitKeyPath(const OString& path, OString* key) const {
   if (LastSeparatorOf(whole.Units) == std::u16string::npos) return false;
   ResolveUnits(&whole.Units);
   *key = TextOf(whole.Units, whole.CodePage);
-  return true;
+  return !whole.Units.empty();
 }
 
 void ORegistry::ResolvePath(OString* path) const {

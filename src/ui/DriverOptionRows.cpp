@@ -90,6 +90,7 @@ std::vector<OfferedOption> GetOfferedOptions(PrinterModel* model, const DriverOp
     offered.push_back({OptionSource::kPrinter, option, kind, override || !NeedsOverride(option), 0,
                        MaximumOf(kind)});
   }
+  if (!devMode.HasAdvancedLength()) return offered;
   const auto addOfDocument = [&](OptionSource source, OptionKind kind, bool enabled) {
     offered.push_back({source, {}, kind, enabled, 0, MaximumOf(kind)});
   };

@@ -44,7 +44,7 @@ struct OfferedOption {
   int32_t Maximum;
 };
 
-// In the order of DriverOption, then of OptionSource.
+// In the order of DriverOption, then of OptionSource; the document's where it has room for them.
 std::vector<OfferedOption> GetOfferedOptions(PrinterModel* model, const DriverOptions& options,
                                              const DevMode& devMode);
 // Of any row but a text's.

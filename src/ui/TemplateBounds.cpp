@@ -14,9 +14,9 @@ constexpr uint32_t kExtendedControl = 24;
 // More than the fixed fields, names and font of a head together need of zeros.
 constexpr uint32_t kHeadOfZeros = 64;
 
-// Moves `at` behind the control there. Data for the control's window follows its names; in the
-// plain form some count the length's own word in and some don't, so that such a control ends the
-// dialog.
+// Moves `at` behind the control there. Data for the control's window follows its names. Where two
+// readers would go on at different places the dialog ends: in the plain form some count the
+// length's own word in, and of an odd length some skip whole words only.
 bool SkipControl(const Buffer& dialog, bool isExtended, uint32_t* at) {
   const uint32_t fixed = isExtended ? kExtendedControl : kPlainControl;
   *at = AlignTemplate(*at);
@@ -28,7 +28,7 @@ bool SkipControl(const Buffer& dialog, bool isExtended, uint32_t* at) {
   const uint32_t extra = ReadLittleWord(dialog.Data + *at);
   *at += 2;
   if (extra == 0) return true;
-  if (!isExtended || dialog.Size - *at < extra) return false;
+  if (!isExtended || extra % 2 != 0 || dialog.Size - *at < extra) return false;
   *at += extra;
   return true;
 }
@@ -38,7 +38,7 @@ bool SkipControl(const Buffer& dialog, bool isExtended, uint32_t* at) {
 void KeepTemplateInside(Buffer* dialogTemplate) {
   Buffer& dialog = *dialogTemplate;
   TemplateHead head;
-  const bool isBroken = !ReadTemplateHead(dialog.Data, dialog.Size, &head);
+  const bool isBroken = !ReadTemplateHead(dialog.Data, dialog.Size, &head) || head.HasNumberedTitle;
   if (isBroken) {
     const uint32_t size = dialog.Size;
     dialog.Resize(AlignTemplate(size) + kHeadOfZeros);

@@ -13,12 +13,15 @@ constexpr uint32_t kExtendedStyle = 12;
 constexpr uint16_t kExtendedVersion = 1;
 constexpr uint16_t kExtendedMark = 0xFFFF;  // at offset 2
 constexpr uint32_t kStyleFont = 64;
-constexpr int kNames = 3;  // menu, class, title
+constexpr int kNames = 3;  // menu, class, and last the title
 
 // What stands in front of the face name: the size; in the extended form also weight, italic and
 // character set.
 constexpr uint32_t kPlainFont = 2;
 constexpr uint32_t kExtendedFont = 6;
+
+// In place of a size: the font of message boxes, and nothing else about it follows.
+constexpr uint16_t kMessageFont = 0x7FFF;
 
 constexpr uint16_t kNumberMark = 0xFFFF;  // a number of one more word, no text
 
@@ -52,10 +55,15 @@ bool ReadTemplateHead(const uint8_t* source, uint32_t size, TemplateHead* head) 
   const uint32_t style =
       ReadLittleDword(source + (head->IsExtended ? kExtendedStyle : kPlainStyle));
   for (int i = 0; i < kNames; ++i) {
+    head->HasNumberedTitle = size - at >= 2 && ReadLittleWord(source + at) == kNumberMark;
     if (!SkipTemplateName(source, size, &at)) return false;
   }
   head->End = at;
   if (!(style & kStyleFont)) return true;
+  if (size - at >= 2 && ReadLittleWord(source + at) == kMessageFont) {
+    head->End = at + 2;
+    return true;
+  }
   const uint32_t font = head->IsExtended ? kExtendedFont : kPlainFont;
   if (size - at < font) return false;
   head->Font = at;

@@ -9,7 +9,9 @@ namespace ostvt {
 // Offsets in the template.
 struct TemplateHead {
   bool IsExtended = false;
-  uint32_t Font = 0;  // of the font's fields; 0 without a font
+  // The title is a number. Not everybody takes it for one: some read it as a text.
+  bool HasNumberedTitle = false;
+  uint32_t Font = 0;  // of the font's fields; 0 without a font of its own
   uint32_t Face = 0;  // of its name
   uint32_t End = 0;   // the controls follow at the next multiple of kTemplateAlignment
 };

@@ -179,6 +179,24 @@ TEST_F(SheetResults, CancelStaysInsideOneBlock) {
   EXPECT_EQ(host.Destroy(), 1);
 }
 
+// Merging would keep a resolution that the caller's other printer name makes invalid.
+TEST_F(SheetResults, CancelRestoresOneBlockOfTheWholeSizeByteForByte) {
+  AddPrinter();
+  GuardedBlock both(DriverDefault());
+  both.PutWord(0, u'X');
+  DocumentPropertyHeader header = DocumentHeader(2, both.Data(), both.Data());
+  SheetHost host(DrvDocumentPropertySheets, &header);
+  ASSERT_EQ(host.Init(), 1);
+  std::vector<uint8_t> before(1516);
+  EXPECT_EQ(SessionOf(&host.Info)->DevModeBuffer.CopyTo(before.data(), 1516), 1516u);
+  Edit(host, 77);
+  EXPECT_EQ(host.SetResult(1), 1);
+  EXPECT_EQ(both.Word(kAtCopies), 77);
+  EXPECT_EQ(host.SetResult(0), 1);
+  EXPECT_EQ(both.Copy(), before);
+  EXPECT_EQ(host.Destroy(), 1);
+}
+
 TEST_F(SheetResults, CancelWithoutTheCopyBitLeavesTheOutput) {
   AddPrinter();
   GuardedBlock output(1516);

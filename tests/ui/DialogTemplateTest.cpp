@@ -104,6 +104,13 @@ TEST(DialogTemplate, TheStyleIsLookedForByTheForm) {
   EXPECT_EQ(RoundedUp(extended.Bytes), Patch(extended.Bytes));
 }
 
+TEST(DialogTemplate, MessageFontStays) {
+  TemplateBytes bytes;
+  bytes.PlainHead(kStyleFont, 1).Word(0).Word(0).Text(u"T").Word(0x7FFF);
+  bytes.PlainControl(5, u"Static", u"A");
+  EXPECT_EQ(RoundedUp(bytes.Bytes), Patch(bytes.Bytes));
+}
+
 TEST(DialogTemplate, SizeIsRoundedUp) {
   Bytes source = PlainTemplate(u"Arial").Align().Byte(1).Byte(2).Byte(3).Bytes;
   const Bytes result = Patch(source, "Arial");

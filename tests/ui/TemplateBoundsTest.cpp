@@ -43,7 +43,7 @@ TEST(TemplateBounds, SoundTemplateStaysAsItIs) {
       Plain(2).PlainControl(5, u"Static", u"&Name").PlainControl(6, u"Edit", u"").Align().Bytes;
   EXPECT_EQ(plain, Kept(plain));
   TemplateBytes extended = Extended(2);
-  const Bytes withData = ExtendedControl(ExtendedControl(extended, 5), 0).Align().Bytes;
+  const Bytes withData = ExtendedControl(ExtendedControl(extended, 6), 0).Align().Bytes;
   EXPECT_EQ(withData, Kept(withData));
   EXPECT_EQ(Plain(0).Align().Bytes, Kept(Plain(0).Align().Bytes));
 }
@@ -73,6 +73,28 @@ TEST(TemplateBounds, PlainControlWithDataEndsTheDialog) {
   bytes.Bytes.resize(bytes.Bytes.size() - 2);
   bytes.Word(4).Dword(0).PlainControl(6, u"Edit", u"").Align();
   EXPECT_EQ(0, ReadLittleWord(&Kept(bytes.Bytes)[kPlainCount]));
+}
+
+// Two bytes of data may be skipped as one word or as none.
+TEST(TemplateBounds, DataOfOddLengthEndsTheDialog) {
+  TemplateBytes bytes = Extended(2);
+  const Bytes odd = ExtendedControl(ExtendedControl(bytes, 1), 0).Align().Bytes;
+  EXPECT_EQ(0, ReadLittleWord(&Kept(odd)[kExtendedCount]));
+}
+
+TEST(TemplateBounds, NumberForATitleLeavesNoControls) {
+  TemplateBytes bytes;
+  bytes.PlainHead(0, 1).Word(0).Word(0).Word(0xFFFF).Word(7);
+  const Bytes kept = Kept(bytes.PlainControl(5, u"Static", u"A").Align().Bytes);
+  EXPECT_EQ(0, ReadLittleWord(&kept[kPlainCount]));
+  EXPECT_EQ(Bytes(64, 0), Bytes(kept.end() - 64, kept.end()));
+}
+
+TEST(TemplateBounds, MessageFontHasNoFace) {
+  TemplateBytes bytes;
+  bytes.PlainHead(kStyleFont, 1).Word(0).Word(0).Text(u"T").Word(0x7FFF);
+  const Bytes sound = bytes.PlainControl(5, u"Static", u"A").Align().Bytes;
+  EXPECT_EQ(sound, Kept(sound));
 }
 
 TEST(TemplateBounds, BrokenHeadGoesOnWithZerosAndHasNoControls) {
