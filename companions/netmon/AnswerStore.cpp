@@ -112,16 +112,17 @@ void AnswerStore::KeepJob(const OString& document, int32_t job, bool isAnswered)
   DropOld(JobsPath(), job);
 }
 
-void AnswerStore::DropOld(const OString& keyPath, int32_t job) {
+void AnswerStore::DropOld(const OString& keyPath, int64_t job) {
   OStringArray names;
   Store.EnumerateValues(keyPath, &names);
   // Not with each job, since that means to look at all of them.
   if (names.Count <= 2 * kKeptJobs) return;
   for (int32_t i = 0; i < names.Count; ++i) {
     const OString path = keyPath + "/" + ORegistry::Escape(names[i]);
-    const int32_t its = JobOf(ReadRecord(Store, path));
-    // Numbers above the job's are those of before they began again.
-    if (its > job || its <= job - kKeptJobs) Store.Delete(path, false);
+    const int64_t its = JobOf(ReadRecord(Store, path));
+    // Numbers a little above the job's are those of jobs at the same time; far above, those of
+    // before they began again.
+    if (its > job + kKeptJobs || its <= job - kKeptJobs) Store.Delete(path, false);
   }
 }
 

@@ -31,7 +31,7 @@ class AnswerStore {
   bool IsAnswered(const OString& document, int32_t job) const;
 
  private:
-  void DropOld(const OString& keyPath, int32_t job);
+  void DropOld(const OString& keyPath, int64_t job);
   OString AnswersPath() const;
   OString JobsPath() const;
   OString AnswerPath(const std::string& query) const;

@@ -77,18 +77,20 @@ void PrintedJob::OnBytes(const uint8_t* bytes, size_t count) {
 void PrintedJob::SendWaiting() {
   if (!IsFailed) {
     const auto* bytes = reinterpret_cast<const uint8_t*>(Waiting.data());
-    IsFailed = !Connection.Send(bytes, Waiting.size(), kSendTimeout);
+    // Nobody waits for what the printer says outside of queries.
+    const auto incoming = IsInQuery ? Socket::Incoming::kKept : Socket::Incoming::kDiscarded;
+    IsFailed = !Connection.Send(bytes, Waiting.size(), kSendTimeout, incoming);
   }
   Waiting.clear();
 }
 
 void PrintedJob::OnBeginQuery(const std::string& name, uint32_t size, bool isEstimate) {
+  SendWaiting();
   QueryName = name;
   AnswerSize = std::min(size, kLargestAnswer);
   IsEstimate = isEstimate;
   IsInQuery = true;
   HasQueries = true;
-  SendWaiting();
   // What is given later on is this query's answer or none.
   Answers.Forget(name);
   // What the printer still said to the one before isn't it either.
@@ -96,8 +98,8 @@ void PrintedJob::OnBeginQuery(const std::string& name, uint32_t size, bool isEst
 }
 
 void PrintedJob::OnEndQuery() {
-  IsInQuery = false;
   SendWaiting();
+  IsInQuery = false;
   if (IsFailed || AnswerSize == 0 || Silent >= kSilentQueries) return;
   const std::string answer = ReadAnswer();
   if (answer.empty()) {

@@ -14,7 +14,7 @@ constexpr int kShortestFinish = 100;  // milliseconds
 
 constexpr char kScheme[] = "socket://";
 constexpr char kDefaultService[] = "9100";
-constexpr size_t kLargestPiece = 1 << 20;
+constexpr size_t kLargestPiece = 1 << 16;
 
 struct FreeAddresses {
   void operator()(addrinfo* addresses) const { freeaddrinfo(addresses); }
@@ -92,8 +92,10 @@ bool Socket::ConnectTo(const addrinfo* address, int timeout) {
   return true;
 }
 
-bool Socket::Send(const uint8_t* bytes, size_t count, int timeout) {
+bool Socket::Send(const uint8_t* bytes, size_t count, int timeout, Incoming incoming) {
+  bool isDiscarding = incoming == Incoming::kDiscarded;
   while (count > 0) {
+    isDiscarding = isDiscarding && Discard();
     const size_t piece = std::min(count, kLargestPiece);
     const auto sent = send(Handle, reinterpret_cast<const char*>(bytes),
                            static_cast<SocketBytes>(piece), kSendFlags);
@@ -102,9 +104,23 @@ bool Socket::Send(const uint8_t* bytes, size_t count, int timeout) {
       count -= static_cast<size_t>(sent);
       continue;
     }
-    if (!WouldWait() || !WaitForSocket(Handle, SocketEvent::kWritable, timeout)) return false;
+    if (!WouldWait() || !WaitToSend(timeout, &isDiscarding)) return false;
   }
   return true;
+}
+
+// True when the peer takes something again, or the connection has failed.
+bool Socket::WaitToSend(int timeout, bool* isDiscarding) {
+  const uint32_t start = platform::TickCount();
+  int left = timeout;
+  do {
+    if (!*isDiscarding) return WaitForSocket(Handle, SocketEvent::kWritable, left);
+    if (!WaitForSocket(Handle, SocketEvent::kEither, left)) return false;
+    *isDiscarding = Discard();
+    if (WaitForSocket(Handle, SocketEvent::kWritable, 0)) return true;
+    left = timeout - static_cast<int>(platform::TickCount() - start);
+  } while (left > 0);
+  return false;
 }
 
 int Socket::Receive(uint8_t* bytes, size_t room, int timeout) {
@@ -119,11 +135,12 @@ int Socket::Receive(uint8_t* bytes, size_t room, int timeout) {
   }
 }
 
-void Socket::Discard() {
+bool Socket::Discard() {
   uint8_t bytes[1024];
+  int got = 1;
   // No more than a peer can have sent before the call, should it never stop.
-  for (int i = 0; i < 1024 && Receive(bytes, sizeof bytes, 0) > 0; ++i) {
-  }
+  for (int i = 0; i < 1024 && got > 0; ++i) got = Receive(bytes, sizeof bytes, 0);
+  return got >= 0;
 }
 
 bool Socket::Finish(int timeout) {

@@ -40,7 +40,7 @@ class SocketLibrary {
   SocketLibrary& operator=(const SocketLibrary&) = delete;
 };
 
-enum class SocketEvent { kReadable, kWritable };
+enum class SocketEvent { kReadable, kWritable, kEither };
 
 // The call before on this thread failed only since it would have had to wait.
 bool WouldWait();

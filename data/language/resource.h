@@ -147,7 +147,7 @@
 #define IDS_OPTION_VALUE_COLUMN 8041
 #define IDS_OPTION_OFF 8042
 #define IDS_OPTION_ON 8043
-#define IDS_OPTION_DEFAULT 8044         // shown for a specification of 0: as the model has it
+#define IDS_OPTION_DEFAULT 8044         // shown for a figure of 0: as the model has it
 #define IDS_OPTION_TRACKING_FIRST 8045  // in the order of the stored numbers
 #define IDS_OPTION_TRACKING_RIGHT 8045
 #define IDS_OPTION_TRACKING_LEFT 8046
@@ -181,6 +181,7 @@
 #define IDS_OPTION_QUERY_INTERVAL 8074
 #define IDS_OPTION_USE_ADVANCED_LENGTH 8080
 #define IDS_OPTION_ADVANCED_LENGTH 8081
+#define IDS_OPTIONS_NOT_SAVED 8082
 
 // About page.
 #define IDS_ABOUT_VERSION \

@@ -51,6 +51,7 @@ int32_t MonitorLink::SendRequest(const OString& request) {
 
 int32_t MonitorLink::SendRequestWithResponse(const OString& request, Buffer* response) {
   response->Resize(0);
+  IsAnswerRefused = false;
   LastResult = 0;
   LastError = 0;
   MonitorFile monitor(Loader);
@@ -65,7 +66,8 @@ int32_t MonitorLink::SendRequestWithResponse(const OString& request, Buffer* res
   LastError = platform::LastErrorNumber();
   if (!handle) return LastResult;
   const int32_t size = LastResult ? getSize(handle) : 0;
-  if (size > 0 && size <= kLargestAnswer) {
+  IsAnswerRefused = size < 0 || size > kLargestAnswer;
+  if (size > 0 && !IsAnswerRefused) {
     response->Resize(static_cast<uint32_t>(size));
     FillBytes(response->Data, 0, response->Size);
     getData(handle, response->Data);

@@ -24,7 +24,7 @@ class MonitorLink {
   // The monitor's result: non-zero is success; 0 where it can't be reached too.
   int32_t SendRequest(const OString& request);
   // The same with the answer, which `response` holds alone; empty when there is none. One of more
-  // than 16 MiB is not fetched.
+  // than 16 MiB, or of no possible size, is not fetched: see IsAnswerRefused.
   int32_t SendRequestWithResponse(const OString& request, Buffer* response);
 
   // Asks the monitor how the printer stands. True without asking for a printer of this machine
@@ -104,6 +104,7 @@ class MonitorLink {
   bool LocalBidiEnabled = false;  // the printer's attribute when the monitor was last asked
   int32_t LastResult = 0;         // of SendXPMLRequest; 0 where it could not be called
   uint32_t LastError = 0;         // the system's error number behind it
+  bool IsAnswerRefused = false;   // the last SendRequestWithResponse left an answer unfetched
   // The printer's store as its owner took it, whatever changes since; borrowed. Null: the printer
   // is looked up for each call.
   const PrinterRegistry* Known = nullptr;

@@ -75,7 +75,7 @@ bool MonitorLink::PullShadow() {
   request += kXpmlSettingsEnd;
   request += kXpmlEncodeEnd;
   Buffer answer;
-  const bool isAnswered = SendRequestWithResponse(request, &answer) != 0;
+  const bool isAnswered = SendRequestWithResponse(request, &answer) != 0 && !IsAnswerRefused;
   if (isAnswered && (answer.Size == 0 || ImportShared(store, &answer))) return true;
   // What changed here is still to be pushed.
   before.Restore();

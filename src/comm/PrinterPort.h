@@ -26,7 +26,8 @@ class PrinterPort {
   virtual ~PrinterPort();
   // One packet, past the buffer; false for none, and where it could not be passed on.
   virtual bool WriteRaw(const void* bytes, int32_t count);
-  // From here on nothing is sent: bytes gather in Buffer. What was waiting goes out first.
+  // From here on nothing is sent: bytes gather in Buffer. What was waiting goes out first; while
+  // capturing already, it is what was captured, and stays.
   virtual void BeginCapture();
   // Drops what was gathered.
   virtual void EndCapture();

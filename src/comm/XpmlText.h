@@ -36,7 +36,8 @@ inline constexpr char kXpmlQueryEnd[] = "</query>";
 inline constexpr char kXpmlQueriesEnd[] = "<end/>";
 
 // What opens a query in a job. `size` is the exact number of bytes of the printer's answer, or with
-// a minus in front an estimate.
+// a minus in front an estimate. A name is cut at 255 bytes on its way, so that nobody could ask for
+// the answer to a longer one.
 OString XpmlQuery(const OString& name, int32_t size);
 // Asks for the printer's answer to the query of that name.
 OString XpmlQueryResponse(const OString& name);

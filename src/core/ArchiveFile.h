@@ -24,6 +24,7 @@ class ArchiveFile {
  private:
   OFile File;
   uint32_t FileSize;
+  uint32_t WindowSize;        // no more than the file: most archives are smaller
   uint8_t* Window = nullptr;  // counted; null until it is needed
   uint32_t WindowStart = 0;
   uint32_t WindowFill = 0;

@@ -3,6 +3,7 @@
 #include "entry/NewSession.h"
 #include "entry/PrinterAction.h"
 #include "settings/DriverSession.h"
+#include "settings/SessionEnd.h"
 #include "settings/StockRecords.h"
 #include "store/PrinterId.h"
 
@@ -39,7 +40,7 @@ void* OSTVT_API DAL_Printer_Open(void* printer) {
   return session;
 }
 
-void OSTVT_API DAL_Printer_Close(void* session) { delete AsSession(session); }
+void OSTVT_API DAL_Printer_Close(void* session) { EndSession(AsSession(session)); }
 
 int32_t OSTVT_API DAL_Printer_Action(void* session, int32_t action) {
   return DAL_Printer_ActionUI(session, nullptr, action);

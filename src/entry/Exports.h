@@ -72,6 +72,8 @@ int32_t OSTVT_API MonitorInterface();
 // memory is short. Each call below tolerates a null session.
 void* OSTVT_API DAL_Printer_Open(void* printer);
 void OSTVT_API DAL_Printer_Close(void* session);
+// The numbered actions of settings/SessionActions.h that clients may ask for; 1 when the action was
+// done or its window was shown, else 0. `parent` owns the windows and may be null.
 int32_t OSTVT_API DAL_Printer_Action(void* session, int32_t action);
 int32_t OSTVT_API DAL_Printer_ActionUI(void* session, void* parent, int32_t action);
 // Bit 0 the action exists, bit 1 it opens a dialog. 0xFFFFFFFE for a null session.
@@ -115,6 +117,7 @@ int32_t OSTVT_API X16_OFile_GetTime(const char16_t* path, void* created, void* a
                                     void* written);
 int32_t OSTVT_API X16_OFile_SetTime(const char16_t* path, const void* created, const void* accessed,
                                     const void* written);
+// `record` is an ImageDitherRecord, see imaging/ImageDither.h.
 void OSTVT_API X16_ImageDither_Dither(void* record);
 void OSTVT_API X16_ImageDither_DitherSmooth(void* record);
 // `record` is an ImageStretchRecord, see imaging/ImageStretch.h; its own destination is not used.

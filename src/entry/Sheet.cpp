@@ -6,6 +6,7 @@
 #include "model/PrinterModel.h"
 #include "platform/Module.h"
 #include "settings/DriverSession.h"
+#include "settings/SessionEnd.h"
 #include "settings/StockPapers.h"
 #include "settings/StoredDevMode.h"
 #include "store/PrinterRegistry.h"
@@ -167,7 +168,7 @@ void EndSheet(PropSheetUiInfo* info, const DocumentPropertyHeader* header) {
     result.Result = kResultOk;
     ApplySheetResult(info, &result, header);
   }
-  delete SessionOf(info);
+  EndSession(SessionOf(info));
   info->UserData = 0;
 }
 

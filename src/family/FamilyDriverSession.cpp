@@ -82,6 +82,7 @@ bool FamilyDriverSession::SendCommand(int32_t action, const U1Command& command) 
 }
 
 bool FamilyDriverSession::DoAction(ActionContext* context, int32_t action) {
+  if (!context) return false;
   switch (action) {
     case kActionCut:
       return SendCommand(action, CutCommand());
@@ -92,7 +93,7 @@ bool FamilyDriverSession::DoAction(ActionContext* context, int32_t action) {
       if (HasU1Commands()) return SendCommand(action, DiagnosticsCommand());
       break;
     case kActionInformation:
-      return RunDialog(context->Owner, "*:^INFORMATION");
+      return Model && RunDialog(context->Owner, "*:^INFORMATION");
     case kActionPowerManagement:
       if (HasU1Commands()) return RunDialog(context->Owner, "DLG_POWERMANAGEMENT");
       break;

@@ -38,16 +38,17 @@ DefinitionText::DefinitionText(const char* text, uint32_t size) {
 }
 
 void DefinitionText::SplitLines(const char* text, size_t size) {
-  // Lines point into the copy, so it must not grow later.
-  Copy.reserve(size);
   if (FindByte(text, text + size, '\r')) {
-    std::copy_if(text, text + size, std::back_inserter(Copy), [](char c) { return c != '\r'; });
-  } else {
-    Copy.assign(text, text + size);
+    // Lines point into it, so it must not grow later.
+    WithoutReturns.reserve(size);
+    std::copy_if(text, text + size, std::back_inserter(WithoutReturns),
+                 [](char c) { return c != '\r'; });
+    text = WithoutReturns.data();
+    size = WithoutReturns.size();
   }
   Lines.reserve(size / kBytesALine);
-  const char* line = Copy.data();
-  const char* const end = line + Copy.size();
+  const char* line = text;
+  const char* const end = text + size;
   while (line < end) {
     const char* feed = FindByte(line, end, '\n');
     const char* lineEnd = feed ? feed : end;

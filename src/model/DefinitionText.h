@@ -26,7 +26,7 @@ inline constexpr uint32_t kLargestDefinition = 4u << 20;
 
 class DefinitionText {
  public:
-  // Takes a copy of `text`; any bytes do.
+  // Any bytes do; they must outlive this.
   DefinitionText(const char* text, uint32_t size);
   DefinitionText(const DefinitionText&) = delete;
   DefinitionText& operator=(const DefinitionText&) = delete;
@@ -71,7 +71,7 @@ class DefinitionText {
   void SplitEntries(Block* block);
   static OString ValueOfRun(const Entry* const* first, const Entry* const* end, const OString* old);
 
-  std::vector<char> Copy;
+  std::vector<char> WithoutReturns;  // the text, where it has any CR; else empty
   std::vector<Span> Lines;
   std::vector<Block> Blocks;
   bool InSection = false;  // while lines are split

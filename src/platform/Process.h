@@ -10,7 +10,7 @@ inline constexpr int kShowNormal = 1;
 // Starts the program named first in `commandLine` (in double quotes where its path has blanks) and
 // doesn't wait for it; its handles are closed, its result is unread. It starts in `directory`, with
 // null in this process's own. False when it can't be started. By the function set last, else by the
-// system.
+// system, which on Windows takes its own program where a name without a folder means one.
 bool StartProgram(const char16_t* commandLine, int showState, const char16_t* directory = nullptr);
 
 // The system's, for StartProgram alone: a command line that isn't empty.

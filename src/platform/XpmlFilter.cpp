@@ -32,6 +32,21 @@ std::string_view ValueOf(std::string_view element, std::string_view attribute) {
   return {};
 }
 
+// Where the element ends: at the first ">" that stands in no value. A value that nothing closes is
+// none; whether something will is open until the element is `isWhole`.
+size_t EndOf(std::string_view element, bool isWhole) {
+  constexpr std::string_view kValue = "='";
+  size_t at = 0;
+  for (;;) {
+    const size_t end = element.find('>', at);
+    const size_t value = element.find(kValue, at);
+    if (end == std::string_view::npos || value > end) return end;
+    at = element.find('\'', value + kValue.size());
+    if (at == std::string_view::npos) return isWhole ? end : at;
+    ++at;
+  }
+}
+
 uint32_t NumberOf(std::string_view text) {
   uint32_t number = 0;
   for (const char digit : text) {
@@ -55,24 +70,28 @@ void XpmlFilter::Write(const uint8_t* bytes, size_t count) {
     }
     if (Held.empty() && at > plain) Sink->OnBytes(bytes + plain, at - plain);
     Held += static_cast<char>(bytes[at++]);
-    while (!Held.empty()) {
-      const size_t taken = TakeElement();
-      if (taken == 0) break;
-      Held.erase(0, taken);
-      // What follows in it may begin like an element again; other bytes go with their like.
-      const size_t next = Held.find('<');
-      const size_t other = next == std::string::npos ? Held.size() : next;
-      if (other == 0) continue;
-      Sink->OnBytes(reinterpret_cast<const uint8_t*>(Held.data()), other);
-      Held.erase(0, other);
-    }
+    TakeElements(false);
     plain = at;
   }
   if (Held.empty() && at > plain) Sink->OnBytes(bytes + plain, at - plain);
 }
 
+void XpmlFilter::TakeElements(bool isWhole) {
+  while (!Held.empty()) {
+    const size_t taken = TakeElement(isWhole);
+    if (taken == 0) break;
+    Held.erase(0, taken);
+    // What follows in it may begin like an element again; other bytes go with their like.
+    const size_t next = Held.find('<');
+    const size_t other = next == std::string::npos ? Held.size() : next;
+    if (other == 0) continue;
+    Sink->OnBytes(reinterpret_cast<const uint8_t*>(Held.data()), other);
+    Held.erase(0, other);
+  }
+}
+
 // How many bytes of what is held are settled; 0 while more must come.
-size_t XpmlFilter::TakeElement() {
+size_t XpmlFilter::TakeElement(bool isWhole) {
   const std::string_view held = Held;
   const auto matches = [held](std::string_view element, bool* mayStill) {
     if (Begins(held, element)) return true;
@@ -106,13 +125,14 @@ size_t XpmlFilter::TakeElement() {
         return kQueriesEnd.size();
       }
       if (matches(kQuery, &mayStill)) {
-        const size_t end = held.find('>');
+        const bool isLongest = held.size() >= kLongestElement;
+        const size_t end = EndOf(held, isWhole || isLongest);
         if (end != std::string_view::npos) {
           At = Place::kQuery;
           OpenQuery(std::string(held.substr(0, end)));
           return end + 1;
         }
-        mayStill = held.size() < kLongestElement;
+        mayStill = !isLongest;
       }
       break;
   }
@@ -132,6 +152,7 @@ void XpmlFilter::OpenQuery(const std::string& element) {
 }
 
 void XpmlFilter::Finish() {
+  TakeElements(true);
   std::string rest;
   rest.swap(Held);
   At = Place::kOutside;

@@ -37,7 +37,8 @@ class XpmlFilter {
  private:
   enum class Place { kOutside, kDocument, kQuery };
 
-  size_t TakeElement();
+  void TakeElements(bool isWhole);
+  size_t TakeElement(bool isWhole);  // `isWhole`: nothing more comes
   void OpenQuery(const std::string& element);
 
   XpmlSink* Sink;

@@ -1,5 +1,5 @@
 // The object behind every operation on one printer: each property sheet and each client of the
-// exports makes one, uses it and deletes it.
+// exports makes one, uses it and deletes it, with EndSession where windows may be open.
 //
 // A session on a printer that can't be identified has no Model and stays empty; every operation
 // then does nothing. No step reports a failure: what could not be had is absent. One thread: the
@@ -57,6 +57,9 @@ enum class MonitorFailureAnswer {
   kTurnOff,   // network communication is to be turned off
 };
 using MonitorFailureFunction = MonitorFailureAnswer (*)(DriverSession* session, bool isClient);
+
+// Asks in a dialog of the session's windows: one for clients, one for the printer's own machine.
+MonitorFailureAnswer ShowMonitorFailureDialog(DriverSession* session, bool isClient);
 
 // How many bytes of a file are on their way.
 using SendProgressFunction = void (*)(void* context, uint32_t sent, uint32_t total);
@@ -155,7 +158,7 @@ class DriverSession {
   OString GetString(int32_t number) const;
   // The About page is not to be the page shown first.
   void KeepAboutClosed();
-  // The maker wants the About page shown first, and nothing speaks against it.
+  // The maker wants the About page shown first, the sheet has it, and nothing speaks against it.
   bool IsAboutFirst();
   // The session edits the printer's defaults, not those of one document.
   bool IsDefaultsSession() const;
@@ -210,6 +213,8 @@ class DriverSession {
   StockList Stock;  // empty until StockLoaded; see GetStock
   bool StockLoaded = false;
   bool NoShadowPush = false;  // closing and saving tell the server nothing
+  int32_t KeeperCount = 0;    // see SessionEnd.h
+  bool IsEnded = false;       // EndSession was called and has to wait
 
  private:
   // False: model defaults stand in.
@@ -217,6 +222,7 @@ class DriverSession {
   bool LoadNarrowDevMode();
   void StoreDefaultDevMode();
 
+  bool HasAboutPage = false;
   bool BuiltInPresetsAdded = false;
   bool Locked = false;
   bool LockedKnown = false;

@@ -9,7 +9,9 @@ namespace {
 
 constexpr int32_t kTurnOffControl = 774;
 
-MonitorFailureAnswer ShowDialog(DriverSession* session, bool isClient) {
+}  // namespace
+
+MonitorFailureAnswer ShowMonitorFailureDialog(DriverSession* session, bool isClient) {
   if (!session->Windows) return MonitorFailureAnswer::kNotShown;
   const char* name = isClient ? "*:^NETWORK_ERROR/UI_CLIENT" : "*:^NETWORK_ERROR/UI_SERVER";
   const int32_t result = session->Windows->RunDialog(session, nullptr, name);
@@ -17,14 +19,13 @@ MonitorFailureAnswer ShowDialog(DriverSession* session, bool isClient) {
   return result == kTurnOffControl ? MonitorFailureAnswer::kTurnOff : MonitorFailureAnswer::kAgain;
 }
 
-}  // namespace
-
 void DriverSession::MonitorFailureDialog() {
   if (!Link.IsMonitorMissed()) return;
   const bool isClient = Link.IsNetworkClient();
   do {
-    const MonitorFailureAnswer answer =
-        ShowMonitorFailure ? ShowMonitorFailure(this, isClient) : ShowDialog(this, isClient);
+    const MonitorFailureFunction ask =
+        ShowMonitorFailure ? ShowMonitorFailure : ShowMonitorFailureDialog;
+    const MonitorFailureAnswer answer = ask(this, isClient);
     if (answer == MonitorFailureAnswer::kNotShown) return;
     if (answer == MonitorFailureAnswer::kTurnOff) {
       Link.SetNetworkCommunication(false);

@@ -60,13 +60,14 @@ bool DriverSession::AddPage(const OString& templateName) {
 bool DriverSession::AddAboutPage() {
   if (!Model) return false;
   const OString name = Model->GetDefinitionString(OemSection(*Model), kAboutTemplate);
-  return !name.IsEmpty() && AddPage(name);
+  HasAboutPage = !name.IsEmpty() && AddPage(name);
+  return HasAboutPage;
 }
 
 void DriverSession::KeepAboutClosed() { AboutMayOpenFirst = false; }
 
 bool DriverSession::IsAboutFirst() {
-  return AboutMayOpenFirst && Model &&
+  return AboutMayOpenFirst && HasAboutPage && Model &&
          Model->GetDefinitionBool(OemSection(*Model), kAboutDefault, false);
 }
 

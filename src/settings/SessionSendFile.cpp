@@ -1,4 +1,5 @@
-// Files for the printer.
+#include "settings/SessionSendFile.h"
+
 #include "comm/PrinterPort.h"
 #include "core/Buffer.h"
 #include "core/OFile.h"
@@ -14,14 +15,28 @@ constexpr uint32_t kStep = 1 << 20;
 
 bool ReadWhole(const OString& path, Buffer* bytes) {
   OFile file(path, kFileShareAll);
-  if (!file.IsOpen()) return false;
+  if (FindSendFileProblem(file) != SendFileProblem::kNone) return false;
   const uint32_t size = file.GetSize();
-  if (size > kLargestFile) return false;
   bytes->Resize(size);
+  file.Seek(0, platform::FileOrigin::kBegin);
   return size == 0 || file.Read(bytes->Data, size) == size;
 }
 
 }  // namespace
+
+SendFileProblem FindSendFileProblem(OFile& file) {
+  if (!file.IsOpen()) return SendFileProblem::kUnreadable;
+  const uint32_t size = file.GetSize();
+  if (size > kLargestFile) return SendFileProblem::kTooLarge;
+  // Devices have no positions, and reading from one may wait for ever.
+  constexpr auto kBegin = platform::FileOrigin::kBegin;
+  if (file.Seek(1, kBegin) != 1) return SendFileProblem::kUnreadable;
+  // Some of the system's files state a size that they haven't got, or none at all.
+  uint8_t byte = 0;
+  file.Seek(size == 0 ? 0 : size - 1, kBegin);
+  const bool isRead = file.Read(&byte, 1) == 1;
+  return isRead == (size > 0) ? SendFileProblem::kNone : SendFileProblem::kUnreadable;
+}
 
 bool DriverSession::SendFile(const OString& path, SendProgressFunction progress, void* context) {
   Buffer bytes;

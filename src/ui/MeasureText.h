@@ -41,7 +41,7 @@ int32_t ParseMeasure(const MeasureStyle& style, const OString& text);
 // A small length in dots of a printer: thousandths of an inch with one decimal, or millimetres with
 // two, cut. `unit` is the text behind the number.
 OString FormatDots(const MeasureStyle& style, int32_t dots, int32_t dpi, const OString& unit);
-// `unit` stands right behind the number: "203dpi", "15.9dots/mm".
+// `unit` stands right behind the number: "203dpi", "16.0dots/mm".
 OString FormatResolution(const MeasureStyle& style, int32_t dpi, const OString& unit);
 OString FormatResolutionPair(const MeasureStyle& style, int32_t x, int32_t y, const OString& unit);
 

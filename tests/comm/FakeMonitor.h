@@ -59,7 +59,9 @@ class FakeMonitor : public MonitorLoader {
   // For requests and updates of settings.
   int32_t SettingsResult = 1;
   std::string Settings;
-  int32_t StatedSize = -1000;  // this one: the answer's own
+  static constexpr int32_t kOwnSize = -1000;  // the answer's
+  int32_t StatedSize = kOwnSize;
+  int32_t StatedSettingsSize = kOwnSize;
   uint8_t Address[4] = {};
   int32_t ResolveResult = 1;
   int32_t QueryResult = 1;
@@ -94,8 +96,9 @@ class FakeMonitor : public MonitorLoader {
   }
   static int32_t SizeOf(void* response) {
     EXPECT_EQ(current, response);
-    return current->StatedSize == -1000 ? static_cast<int32_t>(current->Given->size())
-                                        : current->StatedSize;
+    const int32_t stated =
+        current->Given == &current->Settings ? current->StatedSettingsSize : current->StatedSize;
+    return stated == kOwnSize ? static_cast<int32_t>(current->Given->size()) : stated;
   }
   static void DataOf(void* response, void* buffer) {
     EXPECT_EQ(current, response);

@@ -211,6 +211,23 @@ TEST_F(ClientSharing, FailedRequestLeavesLocalChangesToBePushed) {
   EXPECT_NE("", Pushed());
 }
 
+TEST_F(ClientSharing, AnswerThatIsNotFetchedLeavesLocalChangesToBePushed) {
+  PrinterRegistry store = Routed();
+  store.WriteDword("SETTINGS:A", 1u);
+  EXPECT_NE("", Pushed());
+  uint32_t value = 1;
+  for (const int32_t size : {(16 << 20) + 1, -1}) {
+    store.WriteDword("SETTINGS:A", ++value);
+    Monitor.StatedSettingsSize = size;
+    EXPECT_FALSE(Pull("")) << size;
+    EXPECT_TRUE(Link.IsAnswerRefused) << size;
+    Monitor.StatedSettingsSize = FakeMonitor::kOwnSize;
+    EXPECT_NE("", Pushed()) << size;
+  }
+  EXPECT_TRUE(Pull(""));
+  EXPECT_FALSE(Link.IsAnswerRefused);
+}
+
 // Pushing.
 
 TEST_F(ClientSharing, PushSendsTheBranchesThatChangedUnderTheNeutralRoot) {

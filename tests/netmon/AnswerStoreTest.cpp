@@ -84,6 +84,24 @@ TEST_F(AnswerStoreTest, JobsBehindTheLargestNumberOutliveThoseBefore) {
   EXPECT_EQ("", Answers.Find("1199"));
 }
 
+TEST_F(AnswerStoreTest, AnswerOfALaterJobOutlivesAnEarlierJobsEnd) {
+  for (int job = 1; job <= 201; ++job) Answers.Keep(std::to_string(job), job, "x");
+  Answers.Keep("Later", 202, "new");
+  Answers.KeepJob("Earlier", 201, true);
+  EXPECT_EQ("new", Answers.Find("Later"));
+  EXPECT_EQ("", Answers.Find("101"));
+}
+
+TEST_F(AnswerStoreTest, AnswersUpToTheLargestNumberAreKept) {
+  for (int job = 0x7FFFFFFF - 200; job < 0x7FFFFFFF; ++job)
+    Answers.Keep(std::to_string(job), job, "x");
+  Answers.Keep("Last", 0x7FFFFFFF, "new");
+  Answers.KeepJob("Last", 0x7FFFFFFF, true);
+  EXPECT_EQ("new", Answers.Find("Last"));
+  EXPECT_EQ("x", Answers.Find(std::to_string(0x7FFFFFFF - 99)));
+  EXPECT_EQ("", Answers.Find(std::to_string(0x7FFFFFFF - 100)));
+}
+
 TEST_F(AnswerStoreTest, DamagedRecordIsNoAnswer) {
   ORegistry store;
   store.WriteBinary("1:SOFTWARE/Vantrel/Network Monitor/Answers/Printer/Q", "abc", 3);

@@ -215,6 +215,17 @@ TEST_F(NetmonJob, PrinterThatHangsUpFailsTheJob) {
   EXPECT_EQ(0, Print(std::string(8 << 20, 'x')));
 }
 
+// It answers more than the connection holds, and is sent more than that too.
+TEST_F(NetmonJob, PrinterThatTalksDuringALongJobStillTakesIt) {
+  Printer.SetAnswerTail(std::string(128 << 10, 'a'));
+  std::string job;
+  for (int i = 0; i < 150; ++i) job += kAskPercent;
+  const std::string line = std::string(1000, 'x') + "\r\n";
+  while (job.size() < (12 << 20)) job += line;
+  EXPECT_NE(0, Print(job));
+  EXPECT_TRUE(job == Received());
+}
+
 #ifndef _WIN32
 // Even when all of it had been passed on before. Wine's sockets don't break off.
 TEST_F(NetmonJob, PrinterThatHangsUpAtTheEndFailsTheJob) {

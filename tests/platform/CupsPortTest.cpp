@@ -5,6 +5,7 @@
 #include <arpa/inet.h>
 #include <gtest/gtest.h>
 #include <netinet/in.h>
+#include <pty.h>
 #include <signal.h>
 #include <stdlib.h>
 #include <sys/socket.h>
@@ -54,7 +55,8 @@ bool IsListening(uint16_t port) {
   return connected;
 }
 
-// A cupsd with one raw queue "labels" that prints into the file "printed".
+// A cupsd with one raw queue "labels" that prints into the file "printed", and another, "locked",
+// that asks for a password.
 class CupsServer {
  public:
   CupsServer() : Port(FreePort()) {
@@ -67,21 +69,30 @@ class CupsServer {
                                      "DefaultAuthType None\n"
                                      "<Location />\n  Order allow,deny\n  Allow all\n</Location>\n"
                                      "<Policy default>\n  <Limit All>\n    Order deny,allow\n"
-                                     "    Allow all\n  </Limit>\n</Policy>\n");
+                                     "    Allow all\n  </Limit>\n"
+                                     "  <Limit Cancel-Job>\n    Require user @OWNER\n"
+                                     "    Order deny,allow\n    Allow all\n  </Limit>\n"
+                                     "</Policy>\n"
+                                     "<Location /printers/locked>\n  AuthType Basic\n"
+                                     "  Require valid-user\n</Location>\n"
+                                     "LogLevel info\n");
     const auto path = [this](const char* name) { return Files.Path(name) + "\n"; };
     Files.Put("root/cups-files.conf",
               "ServerBin " + path("bin") + "ServerRoot " + path("root") + "CacheDir " +
                   path("cache") + "StateDir " + path("state") + "RequestRoot " + path("spool") +
                   "TempDir " + path("spool/tmp") + "ErrorLog " + path("error_log") + "AccessLog " +
                   path("access_log") + "PageLog " + path("page_log"));
-    Files.Put("root/printers.conf",
-              "<Printer labels>\nDeviceURI keep:/\nState Idle\nAccepting Yes\nShared No\nJobSheets "
-              "none none\n</Printer>\n");
+    const auto queue = [](const std::string& name) {
+      return "<Printer " + name +
+             ">\nDeviceURI keep:/\nState Idle\nAccepting Yes\nShared No\nJobSheets none none\n"
+             "</Printer>\n";
+    };
+    Files.Put("root/printers.conf", queue("labels") + queue("locked"));
     Files.Put("printed", "");
     std::filesystem::create_directory_symlink("/usr/lib/cups/daemon", Files.Path("bin/daemon"));
     // A queue without filters hands the job's file to its way to the printer.
     Files.Put("bin/backend/keep",
-              "#!/bin/sh\n[ $# -eq 6 ] && cat \"$6\" >'" + Files.Path("printed") + "'\n");
+              "#!/bin/sh\n[ $# -eq 6 ] && cat \"$6\" >>'" + Files.Path("printed") + "'\n");
     std::filesystem::permissions(Files.Path("bin/backend/keep"), std::filesystem::perms::owner_all);
     Process = fork();
     if (Process == 0) {
@@ -118,6 +129,13 @@ class CupsServer {
     }
     return bytes;
   }
+  // True once the log has the line.
+  bool HasLogged(const std::string& text) const {
+    for (int i = 0; i < kPatience; ++i, Step()) {
+      if (Log().find(text) != std::string::npos) return true;
+    }
+    return false;
+  }
   std::string Log() const { return Files.Get("error_log"); }
   std::string Address() const { return "127.0.0.1:" + std::to_string(Port); }
 
@@ -150,6 +168,25 @@ class CupsPort : public test::SpoolerFixture {
     return StartPrintJob(Job, u"Document");
   }
   int Send(const std::string& bytes) { return test::SendPacket(Job, bytes); }
+  // A job to the queue that wants a password, by a process with a terminal of its own.
+  void ExpectNoQuestionAtTheTerminal() {
+    int terminal = -1;
+    const pid_t process = forkpty(&terminal, nullptr, nullptr, nullptr);
+    if (process == 0) {
+      alarm(kPatience / 20);
+      _exit(Start(u"cups:locked") == 0 ? 0 : 1);
+    }
+    ASSERT_GT(process, 0);
+    std::string said;
+    char part[256];
+    for (ssize_t count; (count = read(terminal, part, sizeof part)) > 0;)
+      said.append(part, static_cast<size_t>(count));
+    close(terminal);
+    int result = -1;
+    waitpid(process, &result, 0);
+    EXPECT_EQ(0, result) << said;
+    EXPECT_EQ("", said);
+  }
 
   CupsServer Server;
   PrintJobHandle Job = nullptr;
@@ -159,6 +196,15 @@ class CupsPort : public test::SpoolerFixture {
 TEST_F(CupsPort, RawQueueGetsTheBytesWithoutBrackets) {
   EXPECT_EQ(0, Start(u"cups:nosuchqueue"));
   DeletePrintJob(Job);
+  ExpectNoQuestionAtTheTerminal();
+  const int32_t givenUp = Start(u"cups:labels");
+  EXPECT_GT(givenUp, 0);
+  EXPECT_EQ(1, Send(std::string(60000, 'g')));
+  EXPECT_EQ(1, Send("half"));
+  DeletePrintJob(Job);
+  const std::string ofGivenUp = "[Job " + std::to_string(givenUp) + "] ";
+  EXPECT_TRUE(Server.HasLogged(ofGivenUp + "Canceled by")) << Server.Log();
+  EXPECT_EQ(std::string::npos, Server.Log().find(ofGivenUp + "File of type")) << Server.Log();
   EXPECT_GT(Start(u"cups:labels"), 0) << Server.Log();
   const std::string binary("\0\1\xFF\r\n%!PS", 9);
   EXPECT_EQ(1, Send(""));

@@ -10,6 +10,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <filesystem>
 #include <thread>
 
@@ -23,15 +24,21 @@ namespace {
 
 using test::TempDirectory;
 
-// Takes one connection on 127.0.0.1 and keeps all that comes.
+// Takes one connection at a port of this machine, 127.0.0.1 and a free one unless told, and keeps
+// all that comes. First of all it says what it is given to say, and takes its time.
 class Listener {
  public:
-  Listener() {
+  explicit Listener(const std::string& talk = "", uint32_t host = INADDR_LOOPBACK,
+                    uint16_t port = 0)
+      : Talk(talk) {
     Socket = socket(AF_INET, SOCK_STREAM, 0);
+    const int on = 1;
+    setsockopt(Socket, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
     sockaddr_in address = {};
     address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    bind(Socket, reinterpret_cast<sockaddr*>(&address), sizeof address);
+    address.sin_addr.s_addr = htonl(host);
+    address.sin_port = htons(port);
+    IsBound = bind(Socket, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0;
     listen(Socket, 1);
     socklen_t size = sizeof address;
     getsockname(Socket, reinterpret_cast<sockaddr*>(&address), &size);
@@ -59,16 +66,27 @@ class Listener {
     return Bytes;
   }
 
+  bool IsBound = false;
+
  private:
   void Read() {
     const int connection = accept(Socket, nullptr, nullptr);
     if (connection < 0) return;
+    if (!Talk.empty()) {
+      for (size_t at = 0; at < Talk.size();) {
+        const ssize_t sent = send(connection, Talk.data() + at, Talk.size() - at, MSG_NOSIGNAL);
+        if (sent <= 0) break;
+        at += static_cast<size_t>(sent);
+      }
+      std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    }
     char part[4096];
     for (ssize_t count; (count = read(connection, part, sizeof part)) > 0;)
       Bytes.append(part, static_cast<size_t>(count));
     close(connection);
   }
 
+  std::string Talk;
   int Socket;
   uint16_t Port = 0;
   std::string Bytes;
@@ -198,6 +216,41 @@ TEST_F(PortJob, SlashBehindThePortAndBracketsOfAnAddressAreAllowed) {
   EXPECT_GT(Start(port), 0);
   SendAll({"y"});
   EXPECT_EQ("y", other.Wait());
+}
+
+// Raw printing's port, at an address that no other process of this machine is likely to use.
+TEST_F(PortJob, SlashBehindAHostWithoutAPortIsAllowed) {
+  const auto process = static_cast<uint32_t>(getpid());
+  const uint32_t number = 1 + process % 250;
+  const uint32_t host = 0x7F090000 + (process / 250 % 250 << 8) + number;
+  Listener printer("", host, 9100);
+  ASSERT_TRUE(printer.IsBound);
+  std::u16string port = u"socket://";
+  for (const char letter :
+       "127.9." + std::to_string(host >> 8 & 0xFF) + "." + std::to_string(host & 0xFF) + "/")
+    port += static_cast<char16_t>(letter);
+  ASSERT_GT(Start(port), 0);
+  SendAll({"x"});
+  EXPECT_EQ("x", printer.Wait());
+}
+
+TEST_F(PortJob, UnreadAnswerDoesNotCutOffWhatWasSent) {
+  Listener printer("hello");
+  ASSERT_GT(Start(printer.PortName()), 0);
+  SendAll(std::vector<std::string>(40, std::string(32000, 'x')));
+  DeletePrintJob(Job);
+  Job = nullptr;
+  EXPECT_EQ(size_t{40 * 32000}, printer.Wait().size());
+}
+
+// It says more than the connection holds before it takes anything.
+TEST_F(PortJob, PrinterThatTalksDuringALongJobStillTakesIt) {
+  Listener printer(std::string(16 << 20, 'a'));
+  ASSERT_GT(Start(printer.PortName()), 0);
+  SendAll(std::vector<std::string>(400, std::string(32000, 'x')));
+  DeletePrintJob(Job);
+  Job = nullptr;
+  EXPECT_EQ(size_t{400 * 32000}, printer.Wait().size());
 }
 
 TEST_F(PortJob, JobThatIsGivenUpIsCutOff) {

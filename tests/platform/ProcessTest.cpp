@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <filesystem>
 #include <string>
 #include <thread>
 
@@ -78,6 +79,17 @@ TEST(Process, ProgramRunsHidden) {
   TempDirectory directory;
   std::u16string line = u"cmd.exe /c echo done>" + directory.WidePath(u"out");
   ASSERT_TRUE(StartProgram(line.c_str(), kShowHidden));
+  EXPECT_EQ("done\r\n", WaitForFile(directory, "out", '\n'));
+}
+
+TEST(Process, ProgramWithoutAFolderIsTheSystems) {
+  TempDirectory directory;
+  directory.Put("cmd.exe", "somebody's own");
+  const std::filesystem::path before = std::filesystem::current_path();
+  std::filesystem::current_path(directory.Path());
+  std::u16string line = u"cmd.exe /c echo done>" + directory.WidePath(u"out");
+  EXPECT_TRUE(StartProgram(line.c_str(), kShowHidden));
+  std::filesystem::current_path(before);
   EXPECT_EQ("done\r\n", WaitForFile(directory, "out", '\n'));
 }
 

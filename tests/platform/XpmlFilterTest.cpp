@@ -93,6 +93,28 @@ TEST(XpmlFilter, MissingAttributesAreEmpty) {
   EXPECT_EQ("[~0]x[/]", Filter("<xpml><query name='open>x</query></xpml>"));
 }
 
+TEST(XpmlFilter, ElementEndsBehindItsValues) {
+  EXPECT_EQ("[a>b=5]x[/]",
+            Filter("<xpml><query action='execute' name='a>b' response_length='5'>x</query>"));
+  EXPECT_EQ("[>~5]>[/]y", Filter("<xpml><query name='>' response_estimate='5'>></query>y</xpml>"));
+}
+
+// A quote is in no name; what stands behind one must not turn the pairs around.
+TEST(XpmlFilter, QuoteInANameCostsNoCommands) {
+  EXPECT_EQ("[it=5]it's[/]",
+            Filter("<xpml><query name='it's' response_length='5'>it's</query></xpml>"));
+}
+
+TEST(XpmlFilter, ValueThatNothingClosesHoldsNoMoreThanAnElement) {
+  const std::string body(600, 'x');
+  EXPECT_EQ("[~0]" + body + "[/]", Filter("<xpml><query name='open>" + body + "</query></xpml>"));
+  TextSink sink;
+  XpmlFilter filter(&sink);
+  const std::string begin = "<xpml><query name='open>" + body;
+  filter.Write(reinterpret_cast<const uint8_t*>(begin.data()), begin.size());
+  EXPECT_EQ("[~0]" + body, sink.Text);
+}
+
 TEST(XpmlFilter, SizesSaturate) {
   EXPECT_EQ("[N=2000000000][/]",
             Filter("<xpml><query name='N' response_length='99999999999'></query></xpml>"));

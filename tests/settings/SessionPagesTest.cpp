@@ -104,8 +104,15 @@ TEST_F(SessionPages, WithoutATemplateThereIsNoAboutPage) {
 
 TEST_F(SessionPages, AboutPageIsFirstOnlyByDefaultAndUntilItIsKeptClosed) {
   OpenWithOem("[VT]\nAbout.Template=*:ABOUT\nAbout.Default=Yes\n");
+  EXPECT_TRUE(Session.AddAboutPage());
   EXPECT_TRUE(Session.IsAboutFirst());
   Session.KeepAboutClosed();
+  EXPECT_FALSE(Session.IsAboutFirst());
+}
+
+TEST_F(SessionPages, AboutPageThatTheSheetHasNotIsNotFirst) {
+  OpenWithOem("[VT]\nAbout.Default=Yes\n");
+  EXPECT_FALSE(Session.AddAboutPage());
   EXPECT_FALSE(Session.IsAboutFirst());
 }
 

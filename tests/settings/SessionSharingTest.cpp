@@ -256,6 +256,15 @@ TEST_F(SessionSendFile, MissingFileOpensNoJob) {
   EXPECT_TRUE(Recorder.Calls.empty());
 }
 
+// The system's own files and devices: to read one as its size says would send an empty job.
+TEST_F(SessionSendFile, FileThatHidesItsSizeOpensNoJob) {
+  Open();
+  for (const char* path : {"/proc/version", "/dev/zero"}) {
+    EXPECT_FALSE(Session->SendFile(path)) << path;
+    EXPECT_TRUE(Recorder.Calls.empty()) << path;
+  }
+}
+
 TEST_F(SessionSendFile, JobThatCannotBeOpenedIsSentNothing) {
   Open();
   Files.Put("label.prn", "bytes");

@@ -8,7 +8,7 @@ import sys
 FIELD_BITS = [
     (0x1, "orientation"), (0x2, "paper size"), (0x4, "paper length"), (0x8, "paper width"),
     (0x10, "scale"), (0x100, "copies"), (0x200, "default source"), (0x400, "print quality"),
-    (0x800, "colour"), (0x1000, "duplex"), (0x2000, "Y resolution"), (0x4000, "TrueType option"),
+    (0x800, "color"), (0x1000, "duplex"), (0x2000, "Y resolution"), (0x4000, "TrueType option"),
     (0x8000, "collate"), (0x10000, "form name"), (0x800000, "ICM method"),
     (0x1000000, "ICM intent"), (0x2000000, "media type"), (0x4000000, "dither type"),
 ]  # fmt: skip

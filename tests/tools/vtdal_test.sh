@@ -228,7 +228,7 @@ refuses 2 "'101' is no number for --red, -100 to 100" dither "$work/four" "$resu
 refuses 2 "'20' is no number for --screen, 0 to 19" dither "$work/four" "$result" --screen 20
 refuses 2 "'1' is no origin X,Y" dither "$work/four" "$result" --origin 1
 for colors in "" 12345 1234567 12345g "$(printf '000000,%.0s' {1..16})000000"; do
-  refuses 2 "'$colors' is no list of 1 to 16 colours as RRGGBB" dither "$work/four" "$result" --colors "$colors"
+  refuses 2 "'$colors' is no list of 1 to 16 colors as RRGGBB" dither "$work/four" "$result" --colors "$colors"
 done
 refuses 2 "'x.jpg' does not end with .bmp or .png" dither "$work/four" x.jpg
 refuses 2 "'.png' does not end with .bmp or .png" dither "$work/four" .png
@@ -781,6 +781,10 @@ refuses 1 "can't read '$work'" send "$name" "$work"
 # A file of the system's that states a size of a page and holds less.
 refuses 1 "can't read '/sys/kernel/mm/transparent_hugepage/enabled'" \
   send "$name" /sys/kernel/mm/transparent_hugepage/enabled
+# Files that state no size, and hold something or are devices.
+for path in /proc/version /dev/zero /dev/null; do
+  refuses 1 "can't read '$path'" send "$name" "$path"
+done
 truncate -s 2147483648 "$work/huge.prn"
 refuses 1 "'$work/huge.prn' is larger than 2 GiB" send "$name" "$work/huge.prn"
 rm "$work/huge.prn"
@@ -876,6 +880,62 @@ check "communication is still on" prints on
 run network set Asked communication off --module /nowhere/module
 run command Asked cut --module /nowhere/module
 check "who turned communication off is told nothing" bash -c "! grep -q 'port monitor' '$work/stderr'"
+
+# What a client edits goes to its server, whose store the port monitor keeps for this test.
+
+run network set Asked communication on --module /nowhere/module
+export VTNETMON_SERVER=server
+there="1:SOFTWARE/Vantrel/Network Monitor/Servers/server/2/SOFTWARE/Vantrel/Drivers"
+theirs="1:SOFTWARE/Vantrel/Network Monitor/Servers/server/2/SYSTEM/CurrentControlSet/Control/Print/Printers/Asked"
+theirs=$theirs/PrinterDriverData/Settings
+near=$work/driver/module
+# server_has TEXT PATH VALUE
+server_has() {
+  run get "$2"
+  check "$1" prints "$3"
+}
+run set "$theirs/Status/Query Interval" --type hex 88130000
+run stock add Asked Shelf 80x50mm --module "$near"
+done_with "stock add on a client"
+server_has "a stock that was added on a client reaches the server" "$there/Paper Sizes/Form 01:: Name" Shelf
+run options get Asked "Status/Query Interval"
+check "the client has what the server had" prints 5000
+run set "$theirs/Status/Query Interval" --type hex 70170000
+run options set Asked "Status/Write Timeout" 20000 --module "$near"
+done_with "options set on a client"
+server_has "an option that was set on a client reaches the server" "$theirs/Status/Write Timeout" "20 4e 00 00"
+server_has "what the server changed before stays" "$theirs/Status/Query Interval" "70 17 00 00"
+run fonts import Asked "$work/fonts.sds" --module "$near"
+done_with "fonts import on a client"
+run list "${theirs%/*}"
+check "fonts that were imported on a client reach the server" shows "Fonts/"
+run settings import Asked "$work/settings.sds" --sections stock,options --module "$near"
+done_with "settings import on a client"
+server_has "settings that were imported on a client reach the server" "$theirs/Status/Query Interval" "c4 09 00 00"
+run stock remove Asked Shelf --module "$near"
+done_with "stock remove on a client"
+server_has "a stock that was removed on a client is gone on the server" "$there/Paper Sizes/Total" 1
+# refused_by_server ARGUMENT...: this edit is made, but only here.
+refused_by_server() {
+  run "$@" --module /nowhere/module
+  check "'$*' without the server's monitor fails" exits 1
+  check "'$*' tells that the monitor is missed" says "$missed"
+  check "'$*' tells that the server hasn't got the change" \
+    says "the print server doesn't take the change of 'Asked'; its own settings come back when it answers"
+  check "'$*' tells each once" test "$(wc -l <"$work/stderr")" = 2
+}
+refused_by_server stock add Asked Other 80x50mm
+run stock list Asked
+check "the change is on this machine" shows Other
+refused_by_server options set Asked "Status/Write Timeout" 10000
+refused_by_server fonts import Asked "$work/fonts.sds"
+refused_by_server settings import Asked "$work/settings.sds" --sections stock
+run stock show Asked Other --module "$near"
+done_with "a command that changes nothing"
+run stock add Asked Third 80x50mm --module "$near"
+done_with "an edit when the server answers again"
+server_has "it reaches the server" "$there/Paper Sizes/Total" 2
+unset VTNETMON_SERVER
 run remove Asked
 done_with "remove of a socket's printer"
 

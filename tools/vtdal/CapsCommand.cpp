@@ -18,7 +18,7 @@ constexpr const char* kHelp =
     "values\n"
     "behind it. \"-\" stands for what the driver doesn't answer.\n"
     "\n"
-    "  --json         as JSON; lengths are in millimetres\n"
+    "  --json         as JSON; lengths are in millimeters\n"
     "  --module FILE  the driver's module (else OSTVT_MODULE, else the installed one, else the "
     "one\n"
     "                 beside vtdal)\n";

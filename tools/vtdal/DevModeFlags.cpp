@@ -20,7 +20,7 @@ constexpr FlagName kFieldFlags[] = {
     {ostvt::kFieldCopies, "copies"},
     {ostvt::kFieldDefaultSource, "default source"},
     {ostvt::kFieldPrintQuality, "print quality"},
-    {ostvt::kFieldColor, "colour"},
+    {ostvt::kFieldColor, "color"},
     {ostvt::kFieldDuplex, "duplex"},
     {ostvt::kFieldYResolution, "Y resolution"},
     {ostvt::kFieldTTOption, "TrueType option"},

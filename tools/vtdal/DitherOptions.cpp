@@ -24,7 +24,7 @@ const Choices kMethods = {{"none", ostvt::kDitherNone},
                           {"halftone", ostvt::kDitherHalftone},
                           {"screen", ostvt::kDitherScreen},
                           {"diffusion", ostvt::kDitherDiffusion}};
-const Choices kModes = {{"grey", ostvt::kDitherGrey},
+const Choices kModes = {{"gray", ostvt::kDitherGrey},
                         {"palette", ostvt::kDitherPalette},
                         {"planes", ostvt::kDitherPlanes},
                         {"black", ostvt::kDitherPlanesWithBlack}};
@@ -131,8 +131,8 @@ bool ReadColors(const Arguments& arguments, ImageDitherRecord* record, std::stri
     const size_t end = rest.find(',');
     DitherColor color;
     if (colors.size() == ostvt::kDitherPaletteSize || !ParseColor(rest.substr(0, end), &color)) {
-      *error = "'" + Printable(arguments.Value("--colors")) +
-               "' is no list of 1 to 16 colours as RRGGBB";
+      *error =
+          "'" + Printable(arguments.Value("--colors")) + "' is no list of 1 to 16 colors as RRGGBB";
       return false;
     }
     colors.push_back(color);

@@ -14,6 +14,7 @@
 #include "tools/vtdal/Commands.h"
 #include "tools/vtdal/Json.h"
 #include "tools/vtdal/OpenedModel.h"
+#include "tools/vtdal/SharedEdit.h"
 #include "tools/vtdal/Text.h"
 
 namespace vtdal {
@@ -25,7 +26,7 @@ using ostvt::OString;
 constexpr const char* kHelp =
     "Usage: vtdal fonts list NAME [--json]\n"
     "       vtdal fonts export NAME FILE\n"
-    "       vtdal fonts import NAME FILE [--json]\n"
+    "       vtdal fonts import NAME FILE [--json] [--module FILE]\n"
     "\n"
     "Shows the fonts of a printer, and passes font records between printers.\n"
     "\n"
@@ -36,7 +37,8 @@ constexpr const char* kHelp =
     "  import  takes the font records of a settings file in, or the bar codes of an older "
     "\"SBF1\"\n"
     "          file; a font of the same name is overwritten. Shows how many there were\n"
-    "  --json  as JSON\n";
+    "  --json  as JSON\n"
+    "\n" SHARED_EDIT_HELP;
 
 // The records of one printer.
 struct Tables {
@@ -328,8 +330,12 @@ int RunFonts(const Arguments& arguments) {
     }
     if (arguments.Has("--json") && !action.PrintsJson)
       return UsageError("fonts", "export prints nothing, so it takes no --json");
+    SharedEdit edit(arguments, words[1]);
+    const bool changes = action.Run == ImportFonts;
+    if (changes) edit.Take();
     OpenedModel model;
-    return model.Open(words[1]) ? action.Run(arguments, model.Get()) : kFailed;
+    const int result = model.Open(words[1]) ? action.Run(arguments, model.Get()) : kFailed;
+    return changes ? edit.Give(result) : result;
   }
   return UsageError("fonts", "unknown action '" + Printable(words[0]) + "'");
 }
@@ -337,7 +343,7 @@ int RunFonts(const Arguments& arguments) {
 }  // namespace
 
 std::vector<Command> FontsCommands() {
-  return {{"fonts", kHelp, 1, 3, {{"--json", false}}, RunFonts}};
+  return {{"fonts", kHelp, 1, 3, {{"--json", false}, {"--module", true}}, RunFonts}};
 }
 
 }  // namespace vtdal

@@ -38,10 +38,14 @@ void* ModuleMonitor::Open() {
   return file ? file : MonitorLoader::Open();
 }
 
-ostvt::MonitorFailureAnswer TellMonitorFailure(ostvt::DriverSession* session, bool isClient) {
+void TellMonitorMissed(const ostvt::OString& printer, bool isClient) {
   PrintError(std::string("the port monitor ") + (isClient ? "of the print server " : "") +
-             "doesn't answer for '" + Printable(session->PrinterName.GetWide()) +
+             "doesn't answer for '" + Printable(printer.GetWide()) +
              "'; going on with this machine's settings");
+}
+
+ostvt::MonitorFailureAnswer TellMonitorFailure(ostvt::DriverSession* session, bool isClient) {
+  TellMonitorMissed(session->PrinterName, isClient);
   return ostvt::MonitorFailureAnswer::kNotShown;
 }
 

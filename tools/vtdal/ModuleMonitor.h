@@ -21,7 +21,10 @@ class ModuleMonitor : public ostvt::MonitorLoader {
   std::u16string Installed;
 };
 
-// For DriverSession::ShowMonitorFailure: one line on stderr; the session goes on as it is.
+// One line on stderr; `isClient`: the printer is another machine's.
+void TellMonitorMissed(const ostvt::OString& printer, bool isClient);
+
+// For DriverSession::ShowMonitorFailure: that line; the session goes on as it is.
 ostvt::MonitorFailureAnswer TellMonitorFailure(ostvt::DriverSession* session, bool isClient);
 
 }  // namespace vtdal

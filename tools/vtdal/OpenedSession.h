@@ -12,7 +12,8 @@
 
 namespace vtdal {
 
-// One at a time. It takes a print server's settings in, but gives none back: the tool changed none.
+// One at a time. It takes a print server's settings in, but gives none back: a command that changed
+// some does so itself, by GiveToServer.
 class OpenedSession {
  public:
   OpenedSession(const Arguments& arguments, const std::u16string& printer);

@@ -5,6 +5,7 @@
 #include "tools/vtdal/Commands.h"
 #include "tools/vtdal/Json.h"
 #include "tools/vtdal/OpenedModel.h"
+#include "tools/vtdal/SharedEdit.h"
 #include "tools/vtdal/StoreValues.h"
 #include "tools/vtdal/Text.h"
 
@@ -20,7 +21,7 @@ using ostvt::OString;
 constexpr const char* kHelp =
     "Usage: vtdal options list NAME [--json]\n"
     "       vtdal options get NAME OPTION [--json]\n"
-    "       vtdal options set NAME OPTION VALUE\n"
+    "       vtdal options set NAME OPTION VALUE [--module FILE]\n"
     "\n"
     "Shows and changes the driver options of a printer, as \"Status/Query Interval\".\n"
     "\n"
@@ -28,8 +29,9 @@ constexpr const char* kHelp =
     "  get     one option's value\n"
     "  set     changes an option: on or off, a number, one character, or a text\n"
     "  --json  as JSON\n"
+    "\n" SHARED_EDIT_HELP
     "\n"
-    "Options count without regard to case. Lengths are thousandths of a millimetre, times\n"
+    "Options count without regard to case. Lengths are thousandths of a millimeter, times\n"
     "milliseconds. What a model can do changes with the options under \"Specifications\" and with\n"
     "\"Disable Copies Limit\".\n";
 
@@ -157,6 +159,8 @@ int RunOptions(const Arguments& arguments) {
   if (wanted > 2 && !FindOption(words[2], &option))
     return UsageError("options", "no driver option named '" + Printable(words[2]) + "'");
 
+  SharedEdit edit(arguments, words[1]);
+  if (isSet) edit.Take();
   OpenedModel model;
   if (!model.Open(words[1])) return kFailed;
   DriverOptions options;
@@ -165,7 +169,7 @@ int RunOptions(const Arguments& arguments) {
   if (!isSet) return ListOptions(arguments, options);
   std::string error;
   if (!SetOption(&options, option, words[3], &error)) return UsageError("options", error);
-  if (options.Commit()) return kDone;
+  if (options.Commit()) return edit.Give(kDone);
   PrintError("can't write the option '" + std::string(GetDriverOptionRow(option).Key) + "'");
   return kFailed;
 }
@@ -173,7 +177,7 @@ int RunOptions(const Arguments& arguments) {
 }  // namespace
 
 std::vector<Command> OptionsCommands() {
-  return {{"options", kHelp, 1, 4, {{"--json", false}}, RunOptions}};
+  return {{"options", kHelp, 1, 4, {{"--json", false}, {"--module", true}}, RunOptions}};
 }
 
 }  // namespace vtdal

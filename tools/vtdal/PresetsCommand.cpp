@@ -26,7 +26,7 @@ constexpr const char* kHelp =
     "Shows the presets of a printer: settings that its users have named.\n"
     "\n"
     "  list    all presets; \"*\" marks the one that the printer's default settings equal\n"
-    "  --json  as JSON, lengths in millimetres\n";
+    "  --json  as JSON, lengths in millimeters\n";
 
 constexpr int64_t kMicronsPerTenth = 100;
 constexpr const char* kOrientations[] = {"portrait", "landscape", "portrait, turned",

@@ -1,5 +1,6 @@
 // Files for the printer, as they are.
 #include "core/OFile.h"
+#include "settings/SessionSendFile.h"
 #include "tools/vtdal/Commands.h"
 #include "tools/vtdal/OpenedSession.h"
 #include "tools/vtdal/Text.h"
@@ -15,7 +16,6 @@ constexpr const char* kHelp =
     "\n"
     "  --module FILE  the driver's module, beside which the port monitor lies\n";
 
-constexpr uint32_t kLargestFile = 0x7FFFFFFF;
 constexpr uint32_t kShortFile = 1 << 20;  // bytes: too quick to be told of
 constexpr uint32_t kStep = 10;            // per cent
 
@@ -32,16 +32,15 @@ void TellProgress(void* context, uint32_t sent, uint32_t total) {
 std::string FileProblem(const std::u16string& path) {
   const std::string name = "'" + Printable(path) + "'";
   ostvt::OFile file(path.c_str(), ostvt::kFileShareAll);
-  const uint32_t size = file.IsOpen() ? file.GetSize() : 0;
-  if (size > kLargestFile) return name + " is larger than 2 GiB";
-  bool isReadable = file.IsOpen();
-  if (isReadable && size > 0) {
-    // Some files state a size that they haven't got.
-    uint8_t last = 0;
-    file.Seek(size - 1, ostvt::platform::FileOrigin::kBegin);
-    isReadable = file.Read(&last, 1) == 1;
+  switch (ostvt::FindSendFileProblem(file)) {
+    case ostvt::SendFileProblem::kTooLarge:
+      return name + " is larger than 2 GiB";
+    case ostvt::SendFileProblem::kUnreadable:
+      return "can't read " + name;
+    case ostvt::SendFileProblem::kNone:
+      break;
   }
-  return isReadable ? "" : "can't read " + name;
+  return "";
 }
 
 int Run(const Arguments& arguments) {

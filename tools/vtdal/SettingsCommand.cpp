@@ -4,6 +4,7 @@
 #include "tools/vtdal/DriverModule.h"
 #include "tools/vtdal/Json.h"
 #include "tools/vtdal/OpenedSession.h"
+#include "tools/vtdal/SharedEdit.h"
 #include "tools/vtdal/Text.h"
 
 namespace vtdal {
@@ -148,15 +149,13 @@ int Import(const Arguments& arguments, uint32_t sections) {
                "'");
     return kFailed;
   }
-  // A print server gets what its client changed.
-  session->NoShadowPush = false;
   session->Save();
   if (!IsSaved(*session.Get())) {
     PrintError("the store doesn't take all of it");
     return kFailed;
   }
   PrintCounts(arguments, result);
-  return kDone;
+  return GiveToServer(&session->Link);
 }
 
 // By the module itself, which knows where its defaults lie.

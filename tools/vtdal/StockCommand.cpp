@@ -7,6 +7,7 @@
 #include "tools/vtdal/Json.h"
 #include "tools/vtdal/Lengths.h"
 #include "tools/vtdal/OpenedModel.h"
+#include "tools/vtdal/SharedEdit.h"
 #include "tools/vtdal/Text.h"
 
 namespace vtdal {
@@ -21,22 +22,22 @@ constexpr const char* kHelp =
     "Usage: vtdal stock list NAME [--json]\n"
     "       vtdal stock show NAME STOCK [--json]\n"
     "       vtdal stock add NAME STOCK SIZE [--left LENGTH] [--right LENGTH] [--top LENGTH]\n"
-    "                       [--bottom LENGTH]\n"
-    "       vtdal stock remove NAME STOCK\n"
+    "                       [--bottom LENGTH] [--module FILE]\n"
+    "       vtdal stock remove NAME STOCK [--module FILE]\n"
     "\n"
-    "Shows and changes the stock of a printer: its label sizes, by their names. All printers of\n"
-    "this machine have the same stock, apart from the user form, whose size is each job's own.\n"
+    "Shows and changes the stocks of a printer: its label sizes, by their names. All printers of\n"
+    "this machine have the same stocks, apart from the user form, whose size is each job's own.\n"
     "\n"
-    "  list    all stock; one without a number is too large for the printer\n"
+    "  list    all stocks; one without a number is too large for the printer\n"
     "  show    one stock with its margins\n"
     "  add     adds a stock; SIZE is that of the label, as \"100mm x 50mm\" or \"4 x 6 in\"\n"
     "  remove  removes a stock\n"
-    "  --json  as JSON, lengths in millimetres\n"
+    "  --json  as JSON, lengths in millimeters\n"
     "\n"
     "  --left, --right, --top, --bottom LENGTH\n"
     "          what can't be printed on, as \"2mm\" (else the model's own at the sides, nothing "
     "at\n"
-    "          top and bottom)\n"
+    "          top and bottom)\n" SHARED_EDIT_HELP
     "\n"
     "Units are mm, cm, in, mils and pts.\n";
 
@@ -182,7 +183,7 @@ std::u16string SizeWords(const Arguments& arguments) {
 
 int Save(StockList* list, PrinterModel* model) {
   if (list->Save(model)) return kDone;
-  PrintError("can't write the stock");
+  PrintError("can't write the stocks");
   return kFailed;
 }
 
@@ -253,19 +254,21 @@ int RunStock(const Arguments& arguments) {
       return UsageError("stock", std::string(margin.Name) + " goes with add only");
   }
 
+  SharedEdit edit(arguments, words[1]);
+  if (changes) edit.Take();
   OpenedModel model;
   if (!model.Open(words[1])) return kFailed;
   StockList list;
   list.Load(model.Get());
   if (action == kList) return ListStock(arguments, list);
-  if (action == kAdd) return AddStock(arguments, model.Get(), &list);
+  if (action == kAdd) return edit.Give(AddStock(arguments, model.Get(), &list));
   StockItem* item = Find(list, words[2]);
   if (!item) {
     PrintError("no stock named '" + Printable(words[2]) + "'");
     return kFailed;
   }
   if (action == kShow) return ShowStock(arguments, *item);
-  return RemoveStock(arguments, model.Get(), &list, item);
+  return edit.Give(RemoveStock(arguments, model.Get(), &list, item));
 }
 
 }  // namespace
@@ -279,7 +282,8 @@ std::vector<Command> StockCommands() {
             {"--left", true},
             {"--right", true},
             {"--top", true},
-            {"--bottom", true}},
+            {"--bottom", true},
+            {"--module", true}},
            RunStock}};
 }
 

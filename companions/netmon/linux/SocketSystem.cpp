@@ -19,7 +19,10 @@ bool MakeNonBlocking(SocketHandle socket) {
 }
 
 bool WaitForSocket(SocketHandle socket, SocketEvent event, int milliseconds) {
-  pollfd wait = {socket, static_cast<short>(event == SocketEvent::kReadable ? POLLIN : POLLOUT), 0};
+  short events = 0;
+  if (event != SocketEvent::kWritable) events |= POLLIN;
+  if (event != SocketEvent::kReadable) events |= POLLOUT;
+  pollfd wait = {socket, events, 0};
   int ready;
   do {
     ready = poll(&wait, 1, milliseconds);

@@ -21,15 +21,14 @@ bool MakeNonBlocking(SocketHandle socket) {
 
 bool WaitForSocket(SocketHandle socket, SocketEvent event, int milliseconds) {
   // A connection that is refused shows only in the third set.
-  fd_set wanted;
   fd_set failed;
-  FD_ZERO(&wanted);
   FD_ZERO(&failed);
-  FD_SET(socket, &wanted);
   FD_SET(socket, &failed);
+  fd_set readable = failed;
+  fd_set writable = failed;
   timeval time = {milliseconds / 1000, (milliseconds % 1000) * 1000};
-  return select(0, event == SocketEvent::kReadable ? &wanted : nullptr,
-                event == SocketEvent::kWritable ? &wanted : nullptr, &failed, &time) > 0;
+  return select(0, event == SocketEvent::kWritable ? nullptr : &readable,
+                event == SocketEvent::kReadable ? nullptr : &writable, &failed, &time) > 0;
 }
 
 void CloseSocket(SocketHandle socket) { closesocket(socket); }

@@ -37,6 +37,7 @@ struct CupsFunctions {
     Find(library, "ippPort", &Port);
     Find(library, "cupsEncryption", &Encryption);
     Find(library, "cupsUser", &User);
+    Find(library, "cupsSetPasswordCB2", &SetPasswordFunction);
     Find(library, "httpConnect2", &Connect);
     Find(library, "httpSetTimeout", &SetTimeout);
     Find(library, "httpClose", &Close);
@@ -64,6 +65,10 @@ struct CupsFunctions {
   int (*Port)();
   int (*Encryption)();
   const char* (*User)();
+  void (*SetPasswordFunction)(const char* (*ask)(const char* prompt, Connection* connection,
+                                                 const char* method, const char* resource,
+                                                 void* data),
+                              void* data);
   Connection* (*Connect)(const char* host, int port, void* addresses, int family, int encryption,
                          int blocking, int timeout, int* cancel);
   void (*SetTimeout)(Connection* connection, double seconds, int (*goOn)(Connection*, void*),
@@ -91,25 +96,17 @@ class CupsPort : public PortWriter {
       : Cups(library), Resource(resource), QueueUri("ipp://localhost" + resource) {}
   ~CupsPort() override {
     if (!Server) return;
-    if (IsSending) IsAccepted(Cups.GetResponse(Server, Resource.c_str()));
-    if (JobId > 0 && !Finished) {
-      Message* request = MakeRequest(kCancelJob);
-      Cups.AddInteger(request, kOperationGroup, kTagInteger, "job-id", JobId);
-      IsAccepted(Cups.DoRequest(Server, request, Resource.c_str()));
-    }
+    // To ask for the answer would end the document, and what there is of it would be printed.
     Cups.Close(Server);
+    if (JobId > 0 && !Finished) CancelJob();
   }
   CupsPort(const CupsPort&) = delete;
   CupsPort& operator=(const CupsPort&) = delete;
 
   bool Start(const std::string& document) {
     if (!Cups.IsWhole) return false;
-    Server = Cups.Connect(Cups.Server(), Cups.Port(), nullptr, AF_UNSPEC, Cups.Encryption(), 1,
-                          kConnectTimeout, nullptr);
-    if (!Server) return false;
-    Cups.SetTimeout(
-        Server, kAnswerTimeout, [](Connection*, void*) { return 0; }, nullptr);
-    return CreateJob(document) && SendHead(document);
+    Server = Connect();
+    return Server && CreateJob(document) && SendHead(document);
   }
   bool Write(const uint8_t* bytes, size_t count) override {
     if (!Failed && count > 0) {
@@ -118,12 +115,26 @@ class CupsPort : public PortWriter {
     return !Failed;
   }
   bool Finish() override {
-    IsSending = false;
-    Finished = IsAccepted(Cups.GetResponse(Server, Resource.c_str())) && !Failed;
+    Finished = !Failed && IsAccepted(Cups.GetResponse(Server, Resource.c_str()));
     return Finished;
   }
 
  private:
+  // Null when the server can't be reached.
+  Connection* Connect() {
+    // The library's own function would ask on the terminal, again and again. It is the thread's, as
+    // all that the library is told, and the thread may be another one each time.
+    Cups.SetPasswordFunction([](const char*, Connection*, const char*, const char*,
+                                void*) -> const char* { return nullptr; },
+                             nullptr);
+    Connection* server = Cups.Connect(Cups.Server(), Cups.Port(), nullptr, AF_UNSPEC,
+                                      Cups.Encryption(), 1, kConnectTimeout, nullptr);
+    if (server) {
+      Cups.SetTimeout(
+          server, kAnswerTimeout, [](Connection*, void*) { return 0; }, nullptr);
+    }
+    return server;
+  }
   Message* MakeRequest(int operation) {
     Message* request = Cups.NewRequest(operation);
     Cups.AddString(request, kOperationGroup, kTagUri, "printer-uri", nullptr, QueueUri.c_str());
@@ -151,9 +162,19 @@ class CupsPort : public PortWriter {
     Cups.AddString(request, kOperationGroup, kTagMimeType, "document-format", nullptr, kRawFormat);
     Cups.AddBoolean(request, kOperationGroup, "last-document", 1);
     const size_t lengthUnknown = 0;
-    IsSending = Cups.SendRequest(Server, request, Resource.c_str(), lengthUnknown) == kContinue;
+    const int state = Cups.SendRequest(Server, request, Resource.c_str(), lengthUnknown);
     Cups.Delete(request);
-    return IsSending;
+    return state == kContinue;
+  }
+  // On a connection of its own: the job's may still be in the middle of the document.
+  void CancelJob() {
+    Connection* server = Connect();
+    if (!server) return;
+    Message* request = MakeRequest(kCancelJob);
+    Cups.AddInteger(request, kOperationGroup, kTagInteger, "job-id", JobId);
+    AddName(request, "requesting-user-name", Cups.User());
+    IsAccepted(Cups.DoRequest(server, request, Resource.c_str()));
+    Cups.Close(server);
   }
   // Takes the answer; null is none.
   bool IsAccepted(Message* answer) {
@@ -167,7 +188,6 @@ class CupsPort : public PortWriter {
   std::string Resource;
   std::string QueueUri;
   Connection* Server = nullptr;
-  bool IsSending = false;  // a document is under way
   bool Failed = false;
   bool Finished = false;
 };

@@ -16,7 +16,7 @@ namespace ostvt::platform {
 namespace {
 
 // A printer that waits for paper takes nothing until somebody comes; a caller can't wait for that.
-constexpr int kWriteTimeout = 30000;  // milliseconds
+constexpr uint32_t kWriteTimeout = 30000;  // milliseconds
 
 constexpr std::string_view kFile = "file:";
 constexpr std::string_view kSocket = "socket://";
@@ -44,6 +44,32 @@ ssize_t WriteQuietly(int descriptor, const uint8_t* bytes, size_t count) {
   return written;
 }
 
+// False when nothing will come any more.
+bool DiscardAnswers(int descriptor) {
+  char bytes[4096];
+  ssize_t got = 1;
+  // No more than a peer can have sent before the call, should it never stop.
+  for (int i = 0; i < 1024 && got > 0; ++i) got = recv(descriptor, bytes, sizeof bytes, 0);
+  return got > 0 || (got < 0 && (errno == EAGAIN || errno == EINTR));
+}
+
+// True when the descriptor takes bytes again, or has failed.
+bool WaitToWrite(int descriptor, bool isSocket) {
+  bool isDiscarding = isSocket;
+  const uint32_t start = TickCount();
+  for (;;) {
+    const uint32_t passed = TickCount() - start;
+    if (passed >= kWriteTimeout) return false;
+    const auto events = static_cast<short>(isDiscarding ? POLLIN | POLLOUT : POLLOUT);
+    pollfd wait = {descriptor, events, 0};
+    const int ready = poll(&wait, 1, static_cast<int>(kWriteTimeout - passed));
+    if (ready < 0 && errno != EINTR) return false;
+    if (ready <= 0) continue;
+    if (isDiscarding && (wait.revents & POLLIN)) isDiscarding = DiscardAnswers(descriptor);
+    if (wait.revents & ~POLLIN) return true;
+  }
+}
+
 }  // namespace
 
 bool WriteAll(int descriptor, const uint8_t* bytes, size_t count, bool isSocket) {
@@ -57,12 +83,7 @@ bool WriteAll(int descriptor, const uint8_t* bytes, size_t count, bool isSocket)
     }
     if (written < 0 && errno == EINTR) continue;
     if (written == 0 || errno != EAGAIN) return false;
-    pollfd wait = {descriptor, POLLOUT, 0};
-    int ready;
-    do {
-      ready = poll(&wait, 1, kWriteTimeout);
-    } while (ready < 0 && errno == EINTR);
-    if (ready <= 0) return false;
+    if (!WaitToWrite(descriptor, isSocket)) return false;
   }
   return true;
 }

@@ -36,6 +36,8 @@ std::unique_ptr<PortWriter> OpenMonitorPort(const std::u16string& printer,
                                             const std::u16string& document, bool* isInstalled);
 
 // All bytes to a descriptor in non-blocking mode; false when it takes none for the port's time.
+// What a socket's peer says meanwhile is thrown away: one that can't get rid of it takes nothing
+// more.
 bool WriteAll(int descriptor, const uint8_t* bytes, size_t count, bool isSocket);
 // A number for a job that no spooler numbers.
 int32_t MakeJobId();

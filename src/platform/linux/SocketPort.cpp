@@ -6,12 +6,17 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include "platform/Clock.h"
 #include "platform/linux/PortWriter.h"
 
 namespace ostvt::platform {
 namespace {
 
-constexpr int kConnectTimeout = 5000;  // milliseconds
+// Milliseconds.
+constexpr int kConnectTimeout = 5000;
+constexpr int kPause = 500;  // a printer that says nothing for so long has said all
+constexpr uint32_t kLongestFinish = 5000;
+
 constexpr char kDefaultService[] = "9100";
 
 class SocketPort : public PortWriter {
@@ -34,23 +39,40 @@ class SocketPort : public PortWriter {
   }
   bool Finish() override {
     Finished = true;
-    return !Failed && shutdown(Descriptor, SHUT_WR) == 0;
+    return !Failed && shutdown(Descriptor, SHUT_WR) == 0 && HearOut();
   }
 
  private:
+  // Bytes of the printer that nobody has read would turn the end into an abort, which drops what it
+  // hasn't taken yet. False when it breaks the connection off.
+  bool HearOut() {
+    const uint32_t start = TickCount();
+    while (TickCount() - start <= kLongestFinish) {
+      pollfd wait = {Descriptor, POLLIN, 0};
+      const int ready = poll(&wait, 1, kPause);
+      if (ready == 0) return true;
+      if (ready < 0 && errno != EINTR) return false;
+      char bytes[4096];
+      const ssize_t got = recv(Descriptor, bytes, sizeof bytes, 0);
+      if (got == 0) return true;
+      if (got < 0 && errno != EAGAIN && errno != EINTR) return false;
+    }
+    return true;
+  }
+
   int Descriptor;
   bool Failed = false;
   bool Finished = false;
 };
 
-void SplitAddress(const std::string& address, std::string* host, std::string* service) {
+void SplitAddress(std::string address, std::string* host, std::string* service) {
+  while (!address.empty() && address.back() == '/') address.pop_back();
   const size_t bracket = address.rfind(']');
   const size_t colon = address.rfind(':');
   const bool hasService =
       colon != std::string::npos && (bracket == std::string::npos || colon > bracket);
   *host = hasService ? address.substr(0, colon) : address;
   *service = hasService ? address.substr(colon + 1) : kDefaultService;
-  while (!service->empty() && service->back() == '/') service->pop_back();
   if (host->size() > 2 && host->front() == '[' && host->back() == ']')
     *host = host->substr(1, host->size() - 2);
 }

@@ -1,9 +1,9 @@
 // The SQLite file behind one hive of the key store, and the connections that this process holds.
 //
 // Two tables, both found by folded names, so that a value is one look-up away:
-//   keys(path, parent, name)                a key's folded path, that of the key above, its own
-//   name vals(path, name, display, type, data)   a value: folded key path, folded name, name,
-//   content
+//   keys(path, parent, name): a key's folded path, that of the key above, its name
+//   vals(path, name, display, type, data): a value's folded key path and name, its name, and what
+//     it holds
 // Text is held as UTF-16 bytes. The root is the key with the empty path and no parent.
 #pragma once
 

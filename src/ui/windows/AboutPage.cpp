@@ -22,7 +22,7 @@ OString VersionLine(const OString& pattern, const OString& version, const OStrin
 
 }  // namespace
 
-const char* AboutPage::GetHelpTopic() { return "/base/Introduction.html"; }
+const char* AboutPage::GetHelpTopic() { return "/base/About.html"; }
 
 void AboutPage::OnInitDialog() {
   UPage::OnInitDialog();

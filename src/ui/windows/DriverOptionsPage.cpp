@@ -226,7 +226,10 @@ const OfferedOption* DriverOptionsPage::Selected() const {
 
 void DriverOptionsPage::OnApply() {
   UPage::OnApply();
-  if (Edited && Options.Commit()) Edited = false;
+  if (!Edited) return;
+  Edited = !Options.Commit();
+  if (Edited)
+    ShowMessage(Text(IDS_OPTIONS_NOT_SAVED), Text(IDS_ADVANCED_TITLE), MB_OK | MB_ICONEXCLAMATION);
 }
 
 void DriverOptionsPage::OnReset() {

@@ -3,12 +3,6 @@
 #include "language/resource.h"
 
 namespace ostvt {
-namespace {
-
-constexpr char kClientTemplate[] = "*:^NETWORK_ERROR/UI_CLIENT";
-constexpr char kServerTemplate[] = "*:^NETWORK_ERROR/UI_SERVER";
-
-}  // namespace
 
 const char* NetworkErrorDialog::GetHelpTopic() { return "/base/NetworkError.html"; }
 
@@ -27,14 +21,5 @@ bool NetworkErrorDialog::OnCommand(int32_t id, uint32_t code, LPARAM) {
 void NetworkErrorDialog::OnApply() {}
 
 void NetworkErrorDialog::OnReset() {}
-
-MonitorFailureAnswer ShowNetworkError(DriverSession* session, bool isClient) {
-  if (!session->Windows) return MonitorFailureAnswer::kNotShown;
-  const int32_t result = session->Windows->RunDialog(session, GetActiveWindow(),
-                                                     isClient ? kClientTemplate : kServerTemplate);
-  if (result <= 0) return MonitorFailureAnswer::kNotShown;
-  return result == IDC_TURN_OFF_COMMUNICATION ? MonitorFailureAnswer::kTurnOff
-                                              : MonitorFailureAnswer::kAgain;
-}
 
 }  // namespace ostvt

@@ -1,7 +1,6 @@
 // What the user is asked when the port monitor doesn't answer.
 #pragma once
 
-#include "settings/DriverSession.h"
 #include "ui/windows/UPage.h"
 
 namespace ostvt {
@@ -14,8 +13,5 @@ class NetworkErrorDialog : public UPage {
   void OnReset() override;
   const char* GetHelpTopic() override;
 };
-
-// For DriverSession::ShowMonitorFailure: the dialog for a client or for the printer's own machine.
-MonitorFailureAnswer ShowNetworkError(DriverSession* session, bool isClient);
 
 }  // namespace ostvt

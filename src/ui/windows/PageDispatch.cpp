@@ -29,7 +29,7 @@ void AttachPage(HWND window, UPage* page) {
 
 INT_PTR CALLBACK DispatchPage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   UPage* page = PageOf(window);
-  return page ? PageDispatch(page).Dispatch(message, wParam, lParam) : FALSE;
+  return page ? PageDispatch::Run(page, message, wParam, lParam) : FALSE;
 }
 
 void UPage::Refresh(bool initial) {
@@ -38,6 +38,15 @@ void UPage::Refresh(bool initial) {
   Update(initial);
   for (int32_t i = 0; i < GetControlCount(); ++i) GetControl(i)->OnUpdate();
   Refreshing = false;
+}
+
+// A handler may show a dialog, under which the host destroys the sheet: the page then stays until
+// the handler has returned.
+INT_PTR PageDispatch::Run(UPage* page, UINT message, WPARAM wParam, LPARAM lParam) {
+  ++page->Depth;
+  const INT_PTR result = PageDispatch(page).Dispatch(message, wParam, lParam);
+  if (--page->Depth == 0 && !page->Window) delete page;
+  return result;
 }
 
 INT_PTR PageDispatch::Dispatch(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -105,13 +114,13 @@ void PageDispatch::Start(LPARAM record) {
 
 void PageDispatch::End() {
   Page->OnDestroy();
-  // The controls go with the page, and what they still send must not reach it.
+  // What the controls still send must not reach it.
   SetPage(Window, nullptr);
-  delete Page;
+  Page->Window = nullptr;
 }
 
-// A handler may have ended the window, and the page with it.
-bool PageDispatch::IsAlive() const { return IsWindow(Window) && PageOf(Window) == Page; }
+// A handler may have ended the window.
+bool PageDispatch::IsAlive() const { return Page->Window != nullptr; }
 
 void PageDispatch::Tail() {
   if (!IsAlive()) return;
@@ -133,8 +142,11 @@ void PageDispatch::Notify(NMHDR* header) {
   if (Page->InSheet && SheetNotify(header, &result)) {
     Tail();
     if (IsAlive()) Page->SetResult(result);
-  } else if (!Page->OnNotify(id, header->code, header)) {
+  } else if (!Page->OnNotify(id, header->code, header) && IsAlive()) {
+    // What Tail sets off leaves answers of its own.
+    const LONG_PTR answer = GetWindowLongPtrW(Window, DWLP_MSGRESULT);
     Tail();
+    if (IsAlive()) Page->SetResult(answer);
   }
 }
 

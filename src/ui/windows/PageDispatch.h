@@ -5,13 +5,14 @@
 
 namespace ostvt {
 
-// One message. The page may end while it is handled.
+// One message. The page's window may end while it is handled.
 class PageDispatch {
  public:
-  explicit PageDispatch(UPage* page) : Page(page), Window(page->Window) {}
-  INT_PTR Dispatch(UINT message, WPARAM wParam, LPARAM lParam);
+  static INT_PTR Run(UPage* page, UINT message, WPARAM wParam, LPARAM lParam);
 
  private:
+  explicit PageDispatch(UPage* page) : Page(page), Window(page->Window) {}
+  INT_PTR Dispatch(UINT message, WPARAM wParam, LPARAM lParam);
   bool IsAlive() const;
   void Start(LPARAM record);
   void End();

@@ -39,7 +39,7 @@ void PageSetupPage::DeleteStock() {
   if (!CurrentStock || !IsStockDeletable(*CurrentStock) || Session->IsLocked()) return;
   const int32_t answer =
       ShowMessage(Text(IDS_STOCK_DELETE_QUESTION), CurrentStock->Name, MB_YESNO | MB_ICONQUESTION);
-  if (answer != IDYES) return;
+  if (answer != IDYES || !Window) return;
   StockList& stock = Session->GetStock();
   StockItem* next = CurrentStock->GetNext();
   delete CurrentStock;
@@ -51,6 +51,7 @@ void PageSetupPage::DeleteStock() {
 bool PageSetupPage::RunStockEditor(StockItem* stock) {
   Session->DialogArgument = stock;
   const bool done = RunDialog(kStockEditor, StartPage<StockEditorDialog>) == IDOK;
+  if (!Window) return false;
   Session->DialogArgument = nullptr;
   return done;
 }
@@ -109,7 +110,7 @@ void PageSetupPage::OpenAdvanced() {
   const OString name = CurrentStock ? CurrentStock->Name : OString();
   const int32_t result =
       Session->Windows->RunSheet(Session, Window, Text(IDS_ADVANCED_TITLE), kAdvancedPages);
-  if (result != IDOK) return;
+  if (result != IDOK || !Window) return;
   // The options may have changed the model's limits, and with them which stocks can be had.
   StockList& stock = Session->GetStock();
   CurrentStock = nullptr;
@@ -122,6 +123,7 @@ void PageSetupPage::OpenAdvanced() {
 
 void PageSetupPage::OpenPresets() {
   RunDialog(kPresets, StartPage<PresetsDialog>);
+  if (!Window) return;
   CurrentPreset = nullptr;
   PresetListMark = true;
   SendToSiblings(kSiblingUpdate, 1);
@@ -134,7 +136,12 @@ void PageSetupPage::ChoosePreset() {
   OverlayDevMode(preset->GetDevMode(), &settings);
   // Numbers follow the order of the list, which has changed since if another stock came.
   const StockItem* stock = Session->GetStock().FindByName(settings.GetFormName());
-  if (stock && stock->PaperId != 0) settings.Set(&PublicDevMode::dmPaperSize, stock->PaperId);
+  if (stock && stock->PaperId != 0) {
+    settings.Set(&PublicDevMode::dmPaperSize, stock->PaperId);
+  } else if (!stock) {
+    // Its number may be another stock's by now, its size still is what was meant.
+    settings.Set(&PublicDevMode::dmPaperSize, kUserPaperId);
+  }
   StockPapers papers(Session->Model, &Session->GetStock());
   settings.Validate(Session->Model, &papers);
   settings.SetPresetName(preset->Name);

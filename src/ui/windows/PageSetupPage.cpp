@@ -31,6 +31,7 @@ void PageSetupPage::OnInitDialog() {
   StockBox.Attach(this, IDC_STOCK);
   PresetBox.Attach(this, IDC_PRESET);
   LoadSample();
+  if (Session->Model) ShowCopyright();
 }
 
 void PageSetupPage::LoadSample() {
@@ -47,7 +48,6 @@ void PageSetupPage::Update(bool initial) {
   if (!Session->Model) return;
   Session->Model->SetDevMode(Settings().GetBlock());
   OpenAboutFirst();
-  if (initial) ShowCopyright();
   if (initial || StockListMark) FillStock();
   if (initial || StockControlsMark) ShowStockControls(initial);
   if (initial || PreviewMark) DrawPreview();
@@ -95,7 +95,10 @@ void PageSetupPage::FillStock() {
 
 void PageSetupPage::ShowStockControls(bool initial) {
   const bool locked = Session->IsLocked();
-  EnableControl(IDC_STOCK_DELETE, !locked && CurrentStock && IsStockDeletable(*CurrentStock));
+  const bool deletable = !locked && CurrentStock && IsStockDeletable(*CurrentStock);
+  // No key would reach a button that has the focus and is disabled.
+  if (!deletable && GetFocus() == ControlWindow(IDC_STOCK_DELETE)) ::SetFocus(StockBox.Window);
+  EnableControl(IDC_STOCK_DELETE, deletable);
   EnableControl(IDC_STOCK_NEW, !locked);
   EnableControl(IDC_STOCK_EDIT, CurrentStock != nullptr);
   if (!initial) return;

@@ -101,8 +101,9 @@ void PresetsDialog::DeleteSelected() {
   if (!item || item->IsBuiltIn()) return;
   OString question = Text(IDS_PRESET_DELETE_QUESTION);
   question.Replace("%1", item->Name);
-  if (ShowMessage(question, Text(IDS_PRESET_NAME_CAPTION), MB_YESNO | MB_ICONQUESTION) != IDYES)
-    return;
+  const int32_t answer =
+      ShowMessage(question, Text(IDS_PRESET_NAME_CAPTION), MB_YESNO | MB_ICONQUESTION);
+  if (answer != IDYES || !Window) return;
   const PresetItem* next = item->GetNext();
   delete item;
   FillList(next ? next : Edited.GetFirst());
@@ -119,6 +120,7 @@ bool PresetsDialog::CanApply() {
       Text(fault == PresetNameFault::kEmpty ? IDS_PRESET_NAME_EMPTY : IDS_PRESET_NAME_USED);
   text.Replace("%1", item->Name);
   ShowMessage(text, Text(IDS_PRESET_NAME_CAPTION), MB_OK | MB_ICONEXCLAMATION);
+  if (!Window) return false;
   ::SetFocus(ControlWindow(IDC_PRESET_NAME));
   return false;
 }

@@ -2,6 +2,7 @@
 
 #include "platform/Module.h"
 #include "settings/DriverSession.h"
+#include "settings/SessionEnd.h"
 #include "ui/windows/UResourceSet.h"
 
 namespace ostvt {
@@ -15,6 +16,7 @@ int32_t RunSessionDialog(DriverSession* session, HWND owner, const OString& temp
                          DLGPROC startProcedure) {
   const DLGTEMPLATE* dialog = ResourcesOf(session).LoadTemplate(templateName);
   if (!dialog) return 0;
+  SessionKeeper keeper(session);
   DevMode before;
   before.Assign(session->DevModeBuffer);
   const DialogStart start = {0, session};

@@ -10,6 +10,7 @@
 #include "platform/Desktop.h"
 #include "platform/Module.h"
 #include "settings/DriverSession.h"
+#include "settings/SessionEnd.h"
 #include "settings/SheetHost.h"
 #include "ui/PlatformWindows.h"
 #include "ui/windows/PageTable.h"
@@ -154,6 +155,7 @@ int32_t SheetWindows::RunSheet(DriverSession* session, void* owner, const OStrin
   header.pszCaption = AsWide(title.GetWide());
   header.nPages = static_cast<UINT>(pages.size());
   header.phpage = pages.data();
+  SessionKeeper keeper(session);
   OuterSheet outer(session);
   const INT_PTR result = run(&header);
   if (result > 0) return IDOK;
@@ -166,7 +168,9 @@ int32_t SheetWindows::RunDialog(DriverSession* session, void* owner,
   DLGPROC start = FindStartProcedure(templateName);
   // In a service nobody could ever close it.
   if (!start || !platform::HasDesktop()) return 0;
-  return RunSessionDialog(session, static_cast<HWND>(owner), templateName, start);
+  // Without an owner of the caller's the dialog still belongs in front of the program's own window.
+  HWND parent = owner ? static_cast<HWND>(owner) : GetActiveWindow();
+  return RunSessionDialog(session, parent, templateName, start);
 }
 
 bool SheetWindows::ChooseFile(DriverSession* session, void* owner, const OString& title,

@@ -152,6 +152,7 @@ void StockEditorDialog::RefuseName(int32_t message, const OString& name, const O
   OString text = Text(message);
   text.Replace("%s", name);
   ShowMessage(text, Text(IDS_STOCK_NAME_CAPTION), MB_OK | MB_ICONEXCLAMATION);
+  if (!Window) return;
   Show(IDC_STOCK_NAME, proposal);
   ::SetFocus(ControlWindow(IDC_STOCK_NAME));
 }

@@ -94,7 +94,8 @@ OString UListView::GetItemText(int32_t index, int32_t column) const {
   item.pszText = units;
   item.cchTextMax = kTextUnits;
   Send(LVM_GETITEMTEXTW, AsIndex(index), AsParameter(&item));
-  return OString(platform::AsUnits(units));
+  // The control may point to a text of its own instead.
+  return OString(platform::AsUnits(item.pszText));
 }
 
 void UListView::SetItemText(int32_t index, int32_t column, const OString& text) {

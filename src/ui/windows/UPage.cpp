@@ -7,6 +7,7 @@
 #include "model/PrinterModel.h"
 #include "platform/VersionResource.h"
 #include "settings/DriverSession.h"
+#include "settings/SessionEnd.h"
 #include "store/PrinterRegistry.h"
 #include "ui/TextMacros.h"
 #include "ui/windows/PictureControl.h"
@@ -174,6 +175,7 @@ void UPage::ExpandText(int32_t id) {
 }
 
 int32_t UPage::ShowMessage(const OString& text, const OString& caption, uint32_t style) {
+  SessionKeeper keeper(Session);
   if (messageFunction) return messageFunction(Window, text, caption, style);
   return MessageBoxW(Window, AsWide(text.GetWide()), AsWide(caption.GetWide()), style);
 }

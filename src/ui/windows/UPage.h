@@ -1,6 +1,7 @@
 // The base of every page of a property sheet and of every dialog.
 //
-// A page lives from its window's first message to the window's end; StartPage<Page> makes it. It
+// A page lives from its window's first message to the window's end, or until the last message that
+// is being handled then is done with; StartPage<Page> makes it. It
 // changes settings by writing them into the session's device mode, and has no flag to set: after
 // every command that OnCommand doesn't report as handled, and every notification likewise, Update
 // runs and the sheet learns by a checksum whether the device mode differs from the one last
@@ -92,6 +93,9 @@ class UPage : public UWindow {
   // Replaces macros such as "{C}" in a control's text, see ui/TextMacros.h.
   void ExpandText(int32_t id);
 
+  // Whoever goes on after one of these, or after a window of SessionWindows, first looks whether
+  // Window is null: the host may have ended the sheet meanwhile, and the session with it.
+
   // The button that the user chose, as the system's IDOK, IDYES, IDNO...
   int32_t ShowMessage(const OString& text, const OString& caption, uint32_t style);
   // The id that ended the dialog; 2 for cancelled, with the device mode as it was before, and when
@@ -121,6 +125,7 @@ class UPage : public UWindow {
   bool HasRecord = false;
   uint32_t SavedChecksum = 0;
   bool Refreshing = false;
+  int32_t Depth = 0;  // messages that are being handled
 };
 
 // Shows the messages of all pages; the button that the user chose. At first the system's own box.

@@ -1,5 +1,7 @@
 #include "ui/windows/UResourceFile.h"
 
+#include <algorithm>
+
 #include "core/OFile.h"
 
 namespace ostvt {
@@ -28,9 +30,15 @@ HRSRC UResourceFile::Find(uint16_t type, const char16_t* name) {
   return Module ? FindResourceW(Module, AsWide(name), AsWide(ResourceNumber(type))) : nullptr;
 }
 
+// No more than what is mapped there, whatever the module's directory says.
 uint32_t UResourceFile::GetSize(uint16_t type, const char16_t* name) {
   HRSRC item = Find(type, name);
-  return item ? SizeofResource(Module, item) : 0;
+  HGLOBAL data = item ? LoadResource(Module, item) : nullptr;
+  MEMORY_BASIC_INFORMATION mapped = {};
+  if (!data || !VirtualQuery(data, &mapped, sizeof mapped) || mapped.State != MEM_COMMIT) return 0;
+  const auto end = reinterpret_cast<uintptr_t>(mapped.BaseAddress) + mapped.RegionSize;
+  return static_cast<uint32_t>(
+      std::min<uintptr_t>(SizeofResource(Module, item), end - reinterpret_cast<uintptr_t>(data)));
 }
 
 const uint8_t* UResourceFile::GetData(uint16_t type, const char16_t* name) {

@@ -100,6 +100,8 @@ void UResourceSet::ReadSettings() {
   if (!Model) return;
   PrinterRegistry& store = Model->GetStore();
   Measurement = store.ReadInt(kMeasurementValue, kMeasureSystemDefault);
+  if (Measurement < kMeasureSystemDefault || Measurement > kMeasureCentimetres)
+    Measurement = kMeasureSystemDefault;
   Language = store.ReadString(kLanguageValue, kSystemLanguage);
 }
 

@@ -59,7 +59,8 @@ OString UTreeView::GetItemText(HTREEITEM item) const {
   request.pszText = units;
   request.cchTextMax = kTextUnits;
   Send(TVM_GETITEMW, 0, AsParameter(&request));
-  return OString(platform::AsUnits(units));
+  // The control may point to a text of its own instead.
+  return OString(platform::AsUnits(request.pszText));
 }
 
 void UTreeView::SetItemText(HTREEITEM item, const OString& text) {

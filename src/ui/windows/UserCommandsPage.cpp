@@ -98,6 +98,7 @@ void UserCommandsPage::Insert() {
   int32_t chosen = -1;
   Session->DialogArgument = &chosen;
   const int32_t result = RunDialog(kInsertTemplate, StartPage<InsertCommandDialog>);
+  if (!Window) return;
   Session->DialogArgument = nullptr;
   if (result != IDOK || chosen < 0 || chosen >= kCommandInsertionCount) return;
   const OString inserted = GetCommandInsertion(chosen).Text;
@@ -115,7 +116,8 @@ void UserCommandsPage::LoadFile() {
   OString path;
   if (!Session->Windows ||
       !Session->Windows->ChooseFile(Session, Window, Text(IDS_COMMAND_LOAD_TITLE), kCommandFiles,
-                                    &path)) {
+                                    &path) ||
+      !Window) {
     return;
   }
   OFile file;

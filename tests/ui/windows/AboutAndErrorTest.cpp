@@ -54,7 +54,7 @@ class NetworkErrorDialogTest : public PagesTest {
       Click(dialog, button);
       if (IsWindow(dialog) && button == IDCANCEL) Press(dialog, button);
     });
-    const MonitorFailureAnswer answer = ShowNetworkError(&Session(), isClient);
+    const MonitorFailureAnswer answer = ShowMonitorFailureDialog(&Session(), isClient);
     Session().Windows = nullptr;
     return answer;
   }
@@ -75,9 +75,9 @@ TEST_F(NetworkErrorDialogTest, RetryAndCancelAskTheMonitorAgain) {
 TEST_F(NetworkErrorDialogTest, DialogThatCannotBeShownIsToldApart) {
   AddPrinterWith({});  // no language module
   Session().Windows = PlatformWindows();
-  EXPECT_EQ(MonitorFailureAnswer::kNotShown, ShowNetworkError(&Session(), true));
+  EXPECT_EQ(MonitorFailureAnswer::kNotShown, ShowMonitorFailureDialog(&Session(), true));
   Session().Windows = nullptr;
-  EXPECT_EQ(MonitorFailureAnswer::kNotShown, ShowNetworkError(&Session(), true));
+  EXPECT_EQ(MonitorFailureAnswer::kNotShown, ShowMonitorFailureDialog(&Session(), true));
 }
 
 TEST_F(NetworkErrorDialogTest, SettingsStayAsTheyAre) {

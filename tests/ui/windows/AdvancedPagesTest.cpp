@@ -116,7 +116,7 @@ TEST_F(UserCommandsPageTest, InsertionThatDoesNotFitIsRefused) {
   user.Answer(IDOK);
   Click(Page, IDC_COMMAND_INSERT);
   EXPECT_EQ(std::string(249, 'x'), Text(3));
-  EXPECT_EQ("User Commands|The command is too long. It can have at most 250 characters.",
+  EXPECT_EQ("User Commands|The command is too long. It can have at most 250 bytes.",
             user.Messages.at(0));
 }
 
@@ -154,7 +154,7 @@ TEST_F(UserCommandsPageTest, FileThatIsTooLongOrMissingChangesNothing) {
   Click(Page, IDC_COMMAND_LOAD);
   Session().Windows = nullptr;
   EXPECT_EQ("", Text(0));
-  EXPECT_EQ("User Commands|The command is too long. It can have at most 255 characters.",
+  EXPECT_EQ("User Commands|The command is too long. It can have at most 255 bytes.",
             user.Messages.at(0));
   EXPECT_EQ("User Commands|The file \"none.prn\" cannot be read.", user.Messages.at(1));
 }

@@ -1,6 +1,7 @@
 // The Page Setup page in a real window, by the messages that a user causes.
 #include "ui/windows/PageSetupPage.h"
 
+#include "settings/SessionEnd.h"
 #include "settings/StockPapers.h"
 #include "tests/ui/windows/PagesFixture.h"
 
@@ -177,6 +178,46 @@ TEST_F(PageSetupPageTest, AfterTheLastStockTheOneBeforeIsChosen) {
   EXPECT_EQ("Shelf", FormName());
 }
 
+TEST_F(PageSetupPageTest, FocusLeavesTheDeleteButtonThatIsDisabled) {
+  Open();
+  ChooseStock(1);
+  DialogDriver user;
+  user.Answer(IDYES);
+  user.Answer(IDYES);
+  EnableWindow(Page, TRUE);  // as a sheet does
+  SetFocus(GetDlgItem(Page, IDC_STOCK_DELETE));
+  Click(Page, IDC_STOCK_DELETE);
+  EXPECT_EQ(GetDlgItem(Page, IDC_STOCK_DELETE), GetFocus());
+  Click(Page, IDC_STOCK_DELETE);
+  EXPECT_FALSE(IsEnabled(Page, IDC_STOCK_DELETE));
+  EXPECT_EQ(GetDlgItem(Page, IDC_STOCK), GetFocus());
+}
+
+// What a host does whose own window goes while a question of ours is open.
+TEST_F(PageSetupPageTest, SheetThatEndsUnderAQuestionTakesPageAndSessionAfterIt) {
+  static int ends;
+  static HWND page;
+  static DriverSession* session;
+  Open();
+  ChooseStock(1);
+  ends = 0;
+  page = Page;
+  Pages.clear();
+  session = TheSession.release();
+  session->AtEnd = [](DriverSession*) { ++ends; };
+  const MessageFunction before =
+      SetMessageFunction([](HWND, const OString&, const OString&, uint32_t) {
+        DestroyWindow(page);
+        EndSession(session);
+        EXPECT_EQ(0, ends);
+        return int32_t{IDYES};
+      });
+  Click(Page, IDC_STOCK_DELETE);
+  SetMessageFunction(before);
+  EXPECT_EQ(1, ends);
+  EXPECT_EQ("Shelf,Tag", StoredStock());
+}
+
 TEST_F(PageSetupPageTest, NoKeepsTheStock) {
   Open();
   ChooseStock(1);
@@ -312,6 +353,15 @@ TEST_F(PageSetupPageTest, PageOfAnotherModelIsReadOnly) {
   EXPECT_EQ(block, Block());
 }
 
+TEST_F(PageSetupPageTest, PageOfAnotherModelShowsWhoseDriverItIs) {
+  Manufacturer += "Copyright=Made by us {C=2001-2004}.\n";
+  AddLabelPrinter();
+  memcpy(Settings().GetRecord().Trailer->TrailerModel, "xyz", 3);
+  Open();
+  EXPECT_EQ("Made by us \xC2\xA9 2001-2004.", Narrow(Page, IDC_COPYRIGHT));
+  EXPECT_EQ(std::string::npos, Narrow(Page, IDC_DRIVER_COPYRIGHT).find('{'));
+}
+
 TEST_F(PageSetupPageTest, PresetThatMeansTheSameIsShown) {
   Open();
   EXPECT_EQ("Current settings;<Factory settings>", Lines(Page, IDC_PRESET));
@@ -346,6 +396,27 @@ TEST_F(PageSetupPageTest, ChosenPresetIsLoadedAndThePageShowsIt) {
   EXPECT_TRUE(SheetChanged);
 }
 
+TEST_F(PageSetupPageTest, PresetOfADeletedStockIsTheUserFormOfItsSize) {
+  AddLabelPrinter();
+  Open();
+  ChooseStock(1);
+  auto* preset = new PresetItem;
+  preset->SetBlock(Settings());
+  preset->SetName("Shelves");
+  Session().GetPresets();
+  Session().Presets.AddTail(preset);
+  DialogDriver user;
+  user.Answer(IDYES);
+  Click(Page, IDC_STOCK_DELETE);
+  // Tag has the number now that Shelf had.
+  EXPECT_EQ(257, PaperSize());
+  SendMessageW(Page, PSM_QUERYSIBLINGS, kSiblingInitial, 0);
+  Choose(Page, IDC_PRESET, 2);
+  EXPECT_EQ(256, PaperSize());
+  EXPECT_EQ(500, Settings().Get(&PublicDevMode::dmPaperWidth));
+  EXPECT_EQ(250, Settings().Get(&PublicDevMode::dmPaperLength));
+}
+
 TEST_F(PageSetupPageTest, PresetsMadeInTheDialogAreOfferedAtOnce) {
   Open();
   Click(Page, IDC_ORIENTATION_LANDSCAPE);
@@ -374,8 +445,12 @@ TEST_F(PageSetupPageTest, AdvancedOpensItsTwoPages) {
 }
 
 TEST_F(PageSetupPageTest, AboutPageOpensFirstOnceWhereTheMakerWantsIt) {
-  Oem = "[VT]\nAbout.Default=Yes\n";
+  Oem = "[VT]\nAbout.Template=*:ABOUT\nAbout.Default=Yes\n";
   AddLabelPrinter();
+  const FakeWindows windows;
+  Session().Windows = &windows;
+  ASSERT_TRUE(Session().AddAboutPage());
+  Session().Windows = nullptr;
   Open();
   EXPECT_EQ(-1, ShownPage);  // posted, not sent
   MSG message;

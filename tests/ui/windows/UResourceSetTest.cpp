@@ -192,6 +192,16 @@ TEST_F(UResourceSetTest, MeasurementZeroFollowsTheLocaleOfTheSession) {
   EXPECT_STREQ("101.6 Millimeter", ResourcesOf(&Session()).FormatMeasure(101600).GetNarrow());
 }
 
+TEST_F(UResourceSetTest, MeasurementThatDoesNotExistIsTheLocales) {
+  AddPrinterWith({{"ost-r[enu].dll", First}});
+  for (const int32_t stored : {-1, 4, 7}) {
+    Store().WriteDword("UserSettings:Measurement System", stored);
+    TheSession.reset();
+    EXPECT_EQ(0, ResourcesOf(&Session()).GetMeasurementSetting()) << stored;
+    EXPECT_EQ(2, ResourcesOf(&Session()).GetMeasurement()) << stored;
+  }
+}
+
 TEST_F(UResourceSetTest, SettingTheMeasurementReloadsTheUnit) {
   auto set = TwoModules();
   set->SetMeasurement(3);
