@@ -29,19 +29,10 @@ class InstalledDriver : public testing::Environment {
 const testing::Environment* const environment =
     testing::AddGlobalTestEnvironment(new InstalledDriver);
 
-void DumpKey(HKEY parent, const std::wstring& path, std::vector<std::string>* lines) {
+void CollectValues(HKEY parent, const std::wstring& path, std::vector<StoredValue>* values) {
   HKEY key = nullptr;
   if (RegOpenKeyExW(parent, path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return;
-  auto narrow = [](const std::wstring& text) {
-    std::string bytes;
-    char unit[8];
-    for (wchar_t c : text) {
-      std::snprintf(unit, sizeof(unit), c < 0x7F ? "%c" : "\\u%04x", c);
-      bytes += unit;
-    }
-    return bytes;
-  };
-  lines->push_back("[" + narrow(path) + "]");
+  values->push_back({path, L"", REG_NONE, {}});
   for (DWORD index = 0;; ++index) {
     wchar_t name[1024];
     DWORD nameLength = 1024;
@@ -50,20 +41,25 @@ void DumpKey(HKEY parent, const std::wstring& path, std::vector<std::string>* li
     DWORD type = 0;
     LONG result = RegEnumValueW(key, index, name, &nameLength, nullptr, &type, data.data(), &size);
     if (result != ERROR_SUCCESS) break;
-    std::string line = narrow(path) + "|" + narrow(name) + "=" + std::to_string(type) + ":";
-    char byte[4];
-    for (DWORD i = 0; i < size; ++i) {
-      std::snprintf(byte, sizeof(byte), "%02x", data[i]);
-      line += byte;
-    }
-    lines->push_back(line);
+    data.resize(size);
+    values->push_back({path, name, type, data});
   }
   for (DWORD index = 0;; ++index) {
     wchar_t name[300];
     if (RegEnumKeyW(key, index, name, 300) != ERROR_SUCCESS) break;
-    DumpKey(parent, path + L"\\" + name, lines);
+    CollectValues(parent, path + L"\\" + name, values);
   }
   RegCloseKey(key);
+}
+
+std::string Narrowed(const std::wstring& text) {
+  std::string bytes;
+  char unit[8];
+  for (wchar_t c : text) {
+    std::snprintf(unit, sizeof(unit), c < 0x7F ? "%c" : "\\u%04x", c);
+    bytes += unit;
+  }
+  return bytes;
 }
 
 }  // namespace
@@ -115,12 +111,30 @@ std::vector<BYTE> DefaultDevMode(HostPrinter& printer) {
   return block;
 }
 
+std::vector<StoredValue> StoredValues(const std::wstring& printer) {
+  std::vector<StoredValue> values;
+  CollectValues(HKEY_LOCAL_MACHINE, PrinterKey(printer), &values);
+  CollectValues(HKEY_LOCAL_MACHINE, L"SOFTWARE\\Vantrel", &values);
+  CollectValues(HKEY_CURRENT_USER, L"SOFTWARE\\Vantrel", &values);
+  return values;
+}
+
+std::wstring PrinterKey(const std::wstring& printer) {
+  return L"SYSTEM\\CurrentControlSet\\Control\\Print\\Printers\\" + printer;
+}
+
 std::string StoreDump(const std::wstring& printer) {
   std::vector<std::string> lines;
-  DumpKey(HKEY_LOCAL_MACHINE, L"SYSTEM\\CurrentControlSet\\Control\\Print\\Printers\\" + printer,
-          &lines);
-  DumpKey(HKEY_LOCAL_MACHINE, L"SOFTWARE\\Vantrel", &lines);
-  DumpKey(HKEY_CURRENT_USER, L"SOFTWARE\\Vantrel", &lines);
+  for (const StoredValue& value : StoredValues(printer)) {
+    std::string line =
+        Narrowed(value.Key) + "|" + Narrowed(value.Name) + "=" + std::to_string(value.Type) + ":";
+    char byte[4];
+    for (BYTE b : value.Data) {
+      std::snprintf(byte, sizeof(byte), "%02x", b);
+      line += byte;
+    }
+    lines.push_back(line);
+  }
   std::sort(lines.begin(), lines.end());
   std::string text;
   for (const std::string& line : lines) text += line + "\n";

@@ -57,7 +57,20 @@ LONG Properties(HostPrinter& printer, DEVMODEW* output, const DEVMODEW* input, D
 // The printer's default device mode, 1516 bytes.
 std::vector<BYTE> DefaultDevMode(HostPrinter& printer);
 
-// Every value below the driver's and the printer's keys, as text, for comparison.
+// The printer's key below HKEY_LOCAL_MACHINE.
+std::wstring PrinterKey(const std::wstring& printer);
+
+struct StoredValue {
+  std::wstring Key;
+  std::wstring Name;  // empty for the key itself, which comes before its values
+  DWORD Type;
+  std::vector<BYTE> Data;
+};
+
+// Every value below the driver's and the printer's keys.
+std::vector<StoredValue> StoredValues(const std::wstring& printer);
+
+// The same as text, for comparison.
 std::string StoreDump(const std::wstring& printer);
 
 }  // namespace host

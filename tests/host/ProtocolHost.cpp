@@ -69,6 +69,7 @@ bool ProtocolHost::Run(void* input, void* output, uint32_t mode) {
   Pages.clear();
   if (Send(ostvt::kReasonInit, &Header) <= 0) return false;
   PageCount = Pages.size();
+  if (AtStart) AtStart(reinterpret_cast<ostvt::DriverSession*>(Info.UserData));
   ostvt::PropSheetUiInfoHeader title = {};
   title.cbSize = sizeof title;
   Send(ostvt::kReasonGetInfoHeader, &title);

@@ -5,9 +5,14 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <vector>
 
 #include "entry/PlatformRecords.h"
+
+namespace ostvt {
+class DriverSession;
+}
 
 namespace host {
 
@@ -23,6 +28,8 @@ class ProtocolHost {
   // Shows the document sheet until it is closed; true for OK.
   bool Run(void* input, void* output, uint32_t mode);
 
+  // Called between the start of the sheet and its first page, with what the pages work on.
+  std::function<void(ostvt::DriverSession*)> AtStart;
   int Results = 0;  // told by the pages themselves
   size_t PageCount = 0;
 

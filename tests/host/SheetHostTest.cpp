@@ -3,61 +3,22 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstring>
 #include <string_view>
 
-#include "HostEnvironment.h"
-#include "SheetUser.h"
-#include "language/resource.h"
+#include "SheetFixture.h"
 
 namespace host {
 namespace {
 
 using namespace sheetuser;
 
-class SheetInHost : public testing::Test {
- protected:
-  void SetUp() override { ASSERT_TRUE(Printer.IsReady()); }
-
-  // Opens the sheet over `input` (may be null) and lets `work` have it. The host's answer.
-  template <class Work>
-  LONG Open(GuardedBlock* output, const DEVMODEW* input, Work work) {
-    LONG result = -1;
-    const DWORD flags = DM_IN_PROMPT | DM_OUT_BUFFER | (input ? DM_IN_BUFFER : 0u);
-    EXPECT_TRUE(Attend([&] { result = Properties(Printer, output->Mode(), input, flags); }, work));
-    EXPECT_TRUE(output->GuardsAreWhole());
-    return result;
-  }
-  // By the stock editor; it is chosen from then on.
-  static void AddStock(const wchar_t* name) {
-    HWND stock = WaitForControl(IDC_STOCK);
-    const int count = CountOf(stock);
-    Press(WaitForControl(IDC_STOCK_NEW));
-    HWND edit = WaitForControl(IDC_STOCK_NAME);
-    ASSERT_NE(edit, nullptr);
-    HWND dialog = WindowOf(edit);
-    Type(edit, name);
-    Type(WaitForControl(dialog, IDC_STOCK_WIDTH), L"70 mm");
-    Type(WaitForControl(dialog, IDC_STOCK_HEIGHT), L"35 mm");
-    Close(dialog, IDOK);
-    ASSERT_TRUE(WaitUntilGone(dialog));
-    EXPECT_EQ(CountOf(stock), count + 1);
-  }
-  static void CloseSheet(int id) {
-    HWND sheet = SheetOf(WaitForControl(IDC_STOCK));
-    ASSERT_NE(sheet, nullptr);
-    Close(sheet, id);
-    ASSERT_TRUE(WaitUntilGone(sheet));
-  }
-
-  HostPrinter Printer{kPrinterName};
-};
-
 TEST_F(SheetInHost, ChoicesArriveInTheCallersDevMode) {
   GuardedBlock output(kDevModeSize);
   bool isDone = false;
   const LONG result = Open(&output, nullptr, [&] {
     ASSERT_NE(WaitForControl(IDC_STOCK), nullptr) << "the sheet has no Page Setup page";
-    AddStock(L"Shelf 70 x 35");
+    AddStockInSheet(L"Shelf 70 x 35");
     Press(WaitForControl(IDC_ORIENTATION_LANDSCAPE));
     CloseSheet(IDOK);
     isDone = true;
@@ -141,16 +102,8 @@ TEST_F(SheetInHost, UserCommandsArriveWithBothSheets) {
 TEST_F(SheetInHost, DeletedStockIsGone) {
   GuardedBlock output(kDevModeSize);
   Open(&output, nullptr, [&] {
-    HWND stock = WaitForControl(IDC_STOCK);
-    const int count = CountOf(stock);
-    Choose(stock, 1);
-    Press(WaitForControl(IDC_STOCK_DELETE));
-    HWND yes = WaitForControl(IDYES);
-    ASSERT_NE(yes, nullptr) << "nobody is asked";
-    HWND question = SheetOf(yes);
-    Press(yes);
-    ASSERT_TRUE(WaitUntilGone(question));
-    EXPECT_EQ(CountOf(stock), count - 1);
+    Choose(WaitForControl(IDC_STOCK), 1);
+    DeleteStockInSheet();
     CloseSheet(IDOK);
   });
   Open(&output, nullptr, [&] {
@@ -168,28 +121,26 @@ TEST_F(SheetInHost, OkWithoutAChangeGivesTheBlockAsItWas) {
   EXPECT_EQ(output.Copy(), input);
 }
 
-TEST_F(SheetInHost, HostileTextIsHeldOff) {
+// The public part counts for every printer; the private one is another model's.
+TEST_F(SheetInHost, PrivatePartOfAnotherModelGivesWayToTheDefaults) {
+  const std::vector<BYTE> defaults = DefaultDevMode(Printer);
+  std::vector<BYTE> foreign = defaults;
+  constexpr size_t kRecord = kPublicSize + 164;
+  std::memcpy(foreign.data() + kRecord, "^XA", 4);
+  ASSERT_EQ(std::memcmp(foreign.data() + kDevModeSize - 5, "ost", 3), 0);
+  std::memcpy(foreign.data() + kDevModeSize - 5, "xyz", 3);
+  reinterpret_cast<DEVMODEW*>(foreign.data())->dmCopies = 4;
   GuardedBlock output(kDevModeSize);
-  Open(&output, nullptr, [&] {
-    const std::wstring texts[] = {std::wstring(65536, L'W'),
-                                  L"99999999999999999999 mm",
-                                  L"-1 in",
-                                  L"%s%n%s",
-                                  L"\xD800\xDBFF",
-                                  L""};
-    for (const std::wstring& text : texts) {
-      Press(WaitForControl(IDC_STOCK_EDIT));
-      HWND width = WaitForControl(IDC_STOCK_WIDTH);
-      ASSERT_NE(width, nullptr);
-      HWND dialog = WindowOf(width);
-      for (int id = IDC_STOCK_NAME; id <= IDC_MARGIN_BOTTOM; id++) {
-        Type(GetDlgItem(dialog, id), text);
-      }
-      Close(dialog, IDCANCEL);
-      ASSERT_TRUE(WaitUntilGone(dialog));
-    }
-    CloseSheet(IDCANCEL);
-  });
+  EXPECT_EQ(Open(&output, reinterpret_cast<const DEVMODEW*>(foreign.data()),
+                 [&] {
+                   EXPECT_TRUE(IsWindowEnabled(WaitForControl(IDC_STOCK)));
+                   EXPECT_TRUE(IsWindowEnabled(WaitForControl(IDC_ORIENTATION_LANDSCAPE)));
+                   CloseSheet(IDOK);
+                 }),
+            IDOK);
+  EXPECT_EQ(output.Mode()->dmCopies, 4);
+  const std::vector<BYTE> block = output.Copy();
+  EXPECT_TRUE(std::equal(block.begin() + kPublicSize, block.end(), defaults.begin() + kPublicSize));
 }
 
 }  // namespace

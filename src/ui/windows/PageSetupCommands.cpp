@@ -122,6 +122,7 @@ void PageSetupPage::OpenAdvanced() {
 }
 
 void PageSetupPage::OpenPresets() {
+  if (Session->IsLocked()) return;
   RunDialog(kPresets, StartPage<PresetsDialog>);
   if (!Window) return;
   CurrentPreset = nullptr;

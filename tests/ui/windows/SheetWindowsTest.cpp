@@ -4,7 +4,7 @@
 
 #include "platform/Module.h"
 #include "settings/SheetHost.h"
-#include "tests/ui/windows/UiFixture.h"
+#include "tests/ui/windows/PagesFixture.h"
 #include "ui/PlatformWindows.h"
 #include "ui/windows/ActivationContext.h"
 #include "ui/windows/PageTable.h"
@@ -154,6 +154,152 @@ TEST_F(AddPageTest, ASheetThatCannotBeShownIsCancelled) {
   EXPECT_EQ(crc, Session().DevModeCrc);
   EXPECT_EQ(Callback, Session().SheetCallback);
   EXPECT_TRUE(Calls.empty());
+}
+
+// A host's sheet with a page of its own beside those of the session, closed as soon as it is shown.
+class HostSheet {
+ public:
+  // `button` is what closes it. The sheet's answer, above 0 for OK.
+  INT_PTR Run(std::vector<HPROPSHEETPAGE> pages, int button) {
+    Current = this;
+    Button = button;
+    DLGTEMPLATE dialog[2] = {};
+    dialog[0].style = WS_CHILD | WS_VISIBLE;
+    dialog[0].cx = dialog[0].cy = 80;
+    PROPSHEETPAGEW page = {};
+    page.dwSize = sizeof page;
+    page.dwFlags = PSP_DLGINDIRECT | PSP_USETITLE;
+    page.pResource = dialog;
+    page.pszTitle = L"Host";
+    page.pfnDlgProc = OwnPage;
+    pages.push_back(CreatePropertySheetPageW(&page));
+    PROPSHEETHEADERW header = {};
+    header.dwSize = sizeof header;
+    header.dwFlags = PSH_USECALLBACK;
+    header.pszCaption = L"Host";
+    header.nPages = static_cast<UINT>(pages.size());
+    header.phpage = pages.data();
+    header.pfnCallback = Initialized;
+    return PropertySheetW(&header);
+  }
+  int Tabs = 0;
+  std::string Steps;  // what its own page was told
+
+ private:
+  static int CALLBACK Initialized(HWND sheet, UINT message, LPARAM) {
+    if (message != PSCB_INITIALIZED) return 0;
+    Current->Sheet = sheet;
+    PostMessageW(sheet, WM_COMMAND, static_cast<WPARAM>(Current->Button), 0);
+    return 0;
+  }
+  static INT_PTR CALLBACK OwnPage(HWND, UINT message, WPARAM, LPARAM lParam) {
+    if (message != WM_NOTIFY) return FALSE;
+    switch (reinterpret_cast<const NMHDR*>(lParam)->code) {
+      case static_cast<UINT>(PSN_SETACTIVE): {
+        const auto tabs =
+            reinterpret_cast<HWND>(SendMessageW(Current->Sheet, PSM_GETTABCONTROL, 0, 0));
+        Current->Tabs = static_cast<int>(SendMessageW(tabs, TCM_GETITEMCOUNT, 0, 0));
+        Current->Steps += "active;";
+        break;
+      }
+      case static_cast<UINT>(PSN_APPLY):
+        Current->Steps += "apply;";
+        break;
+      case static_cast<UINT>(PSN_RESET):
+        Current->Steps += "reset;";
+        break;
+      default:
+        break;
+    }
+    return FALSE;
+  }
+
+  static inline HostSheet* Current = nullptr;
+  int Button = 0;
+  HWND Sheet = nullptr;
+};
+
+std::vector<uint8_t> BytesOfBlock(const DevMode& devMode) {
+  return {devMode.GetBlock(), devMode.GetBlock() + devMode.GetSize()};
+}
+
+// The page is added all the same; that it can't be made is the sheet's to find.
+TEST_F(AddPageTest, ASheetSurvivesAPageWhoseTemplateIsMissing) {
+  ASSERT_EQ(nullptr, ResourcesOf(&Session()).LoadTemplate("*:PAGE_SETUP"));
+  const std::vector<uint8_t> block = BytesOfBlock(Session().DevModeBuffer);
+  const std::vector<uint8_t> saved = BytesOfBlock(Session().SavedDevMode);
+  const uint32_t crc = Session().DevModeCrc;
+  const struct {
+    int Button;
+    const char* Steps;
+  } rows[] = {{IDOK, "active;apply;"}, {IDCANCEL, "active;reset;"}};
+  for (const auto& row : rows) {
+    ASSERT_TRUE(Add("*:PAGE_SETUP"));
+    ASSERT_TRUE(Inserted.dwData1);
+    HostSheet sheet;
+    const INT_PTR result =
+        sheet.Run({reinterpret_cast<HPROPSHEETPAGE>(Inserted.dwData1)}, row.Button);
+    EXPECT_EQ(row.Button == IDOK, result > 0) << result;
+    EXPECT_EQ(row.Steps, sheet.Steps);
+    EXPECT_GE(sheet.Tabs, 1);
+    EXPECT_EQ(block, BytesOfBlock(Session().DevModeBuffer));
+    EXPECT_EQ(saved, BytesOfBlock(Session().SavedDevMode));
+    EXPECT_EQ(crc, Session().DevModeCrc);
+    EXPECT_FALSE(Session().IsApplied);
+  }
+}
+
+// Windows of the session over one of a program, as its actions open them.
+class OwnedWindowsTest : public PagesTest {
+ protected:
+  void SetUp() override {
+    PagesTest::SetUp();
+    AddLabelPrinter();
+  }
+  // The owner waits while the window is open, and lives on as it was.
+  void ExpectOwnerWaits(HWND window) {
+    EXPECT_FALSE(IsWindowEnabled(Sheet));
+    EXPECT_EQ(Sheet, GetWindow(window, GW_OWNER));
+  }
+  void ExpectOwnerIsBack() {
+    ASSERT_TRUE(IsWindow(Sheet));
+    EXPECT_TRUE(IsWindowEnabled(Sheet));
+    EXPECT_TRUE(IsWindowVisible(Sheet));
+    EXPECT_EQ(Sheet, GetLastActivePopup(Sheet));
+  }
+};
+
+TEST_F(OwnedWindowsTest, ASheetHoldsItsOwnerWhileItIsOpen) {
+  const char* const names[] = {"*:ADVANCED/USER_COMMANDS", "*:ADVANCED/DRIVER_OPTIONS"};
+  for (const int button : {IDOK, IDCANCEL}) {
+    DialogDriver user;
+    user.Expect([&](HWND sheet) {
+      ExpectOwnerWaits(sheet);
+      PostMessageW(sheet, WM_COMMAND, static_cast<WPARAM>(button), 0);
+    });
+    EXPECT_EQ(button, PlatformWindows()->RunSheet(&Session(), Sheet, "Title", names));
+    ExpectOwnerIsBack();
+  }
+}
+
+TEST_F(OwnedWindowsTest, ADialogHoldsItsOwnerWhileItIsOpen) {
+  for (const int button : {IDOK, IDCANCEL}) {
+    DialogDriver user;
+    user.Expect([&](HWND dialog) {
+      ExpectOwnerWaits(dialog);
+      Press(dialog, button);
+    });
+    EXPECT_EQ(button, PlatformWindows()->RunDialog(&Session(), Sheet, "*:PAGE_SETUP/^PRESETS"));
+    ExpectOwnerIsBack();
+  }
+}
+
+TEST_F(OwnedWindowsTest, AnOwnerStaysAsItIsWhenNothingCanBeShown) {
+  const char* const names[] = {"*:NONE"};
+  EXPECT_EQ(0, PlatformWindows()->RunSheet(&Session(), Sheet, "Title", names));
+  ExpectOwnerIsBack();
+  EXPECT_EQ(0, PlatformWindows()->RunDialog(&Session(), Sheet, "*:NONE"));
+  ExpectOwnerIsBack();
 }
 
 TEST(ActivationContext, ComesFromTheManifestBesideTheSystem) {
