@@ -5,6 +5,7 @@
 #include "platform/SystemVersion.h"
 #include "settings/DevModeOverlay.h"
 #include "settings/DriverSession.h"
+#include "settings/SessionEnd.h"
 #include "settings/StockPapers.h"
 #include "ui/StockEditorRules.h"
 #include "ui/StockOfDevMode.h"
@@ -49,11 +50,11 @@ void PageSetupPage::DeleteStock() {
 }
 
 bool PageSetupPage::RunStockEditor(StockItem* stock) {
+  SessionKeeper keeper(Session);
   Session->DialogArgument = stock;
   const bool done = RunDialog(kStockEditor, StartPage<StockEditorDialog>) == IDOK;
-  if (!Window) return false;
   Session->DialogArgument = nullptr;
-  return done;
+  return done && Window;
 }
 
 void PageSetupPage::EditStock() {
@@ -139,7 +140,7 @@ void PageSetupPage::ChoosePreset() {
   const StockItem* stock = Session->GetStock().FindByName(settings.GetFormName());
   if (stock && stock->PaperId != 0) {
     settings.Set(&PublicDevMode::dmPaperSize, stock->PaperId);
-  } else if (!stock) {
+  } else if (!stock && !settings.GetFormName().IsEmpty()) {
     // Its number may be another stock's by now, its size still is what was meant.
     settings.Set(&PublicDevMode::dmPaperSize, kUserPaperId);
   }

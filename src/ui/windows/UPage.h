@@ -1,11 +1,11 @@
 // The base of every page of a property sheet and of every dialog.
 //
 // A page lives from its window's first message to the window's end, or until the last message that
-// is being handled then is done with; StartPage<Page> makes it. It
-// changes settings by writing them into the session's device mode, and has no flag to set: after
-// every command that OnCommand doesn't report as handled, and every notification likewise, Update
-// runs and the sheet learns by a checksum whether the device mode differs from the one last
-// applied. One thread: that of the sheet.
+// is being handled then is done with; StartPage<Page> makes it. It changes settings by writing them
+// into the session's device mode, and has no flag to set: after every command that OnCommand
+// doesn't report as handled, and every notification likewise, Update runs and the sheet learns by a
+// checksum whether the device mode differs from the one last applied. One thread: that of the
+// sheet.
 #pragma once
 
 #include <cstdint>

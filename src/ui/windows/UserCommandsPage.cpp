@@ -5,6 +5,7 @@
 #include "core/OFile.h"
 #include "language/resource.h"
 #include "settings/DriverSession.h"
+#include "settings/SessionEnd.h"
 #include "ui/UserCommandPoints.h"
 #include "ui/windows/InsertCommandDialog.h"
 
@@ -96,11 +97,11 @@ void UserCommandsPage::TakeText() {
 
 void UserCommandsPage::Insert() {
   int32_t chosen = -1;
+  SessionKeeper keeper(Session);
   Session->DialogArgument = &chosen;
   const int32_t result = RunDialog(kInsertTemplate, StartPage<InsertCommandDialog>);
-  if (!Window) return;
   Session->DialogArgument = nullptr;
-  if (result != IDOK || chosen < 0 || chosen >= kCommandInsertionCount) return;
+  if (!Window || result != IDOK || chosen < 0 || chosen >= kCommandInsertionCount) return;
   const OString inserted = GetCommandInsertion(chosen).Text;
   if (!Fits(TextWith(TextBox, inserted), ShownPoint)) return ShowTooLong(ShownPoint);
   TextBox.Insert(inserted);

@@ -218,6 +218,21 @@ TEST_F(PageSetupPageTest, SheetThatEndsUnderAQuestionTakesPageAndSessionAfterIt)
   EXPECT_EQ("Shelf,Tag", StoredStock());
 }
 
+TEST_F(PageSetupPageTest, PageThatEndsUnderItsDialogLeavesTheSessionNothing) {
+  Open();
+  ChooseStock(1);
+  DialogDriver user;
+  user.Expect([&](HWND dialog) {
+    DestroyWindow(Page);
+    Pages.clear();
+    Type(dialog, IDC_STOCK_NAME, L"Other");
+    Press(dialog, IDOK);
+  });
+  Click(Page, IDC_STOCK_EDIT);
+  EXPECT_EQ(nullptr, Session().DialogArgument);
+  EXPECT_EQ("Shelf,Tag", StoredStock());
+}
+
 TEST_F(PageSetupPageTest, NoKeepsTheStock) {
   Open();
   ChooseStock(1);
@@ -415,6 +430,26 @@ TEST_F(PageSetupPageTest, PresetOfADeletedStockIsTheUserFormOfItsSize) {
   EXPECT_EQ(256, PaperSize());
   EXPECT_EQ(500, Settings().Get(&PublicDevMode::dmPaperWidth));
   EXPECT_EQ(250, Settings().Get(&PublicDevMode::dmPaperLength));
+}
+
+TEST_F(PageSetupPageTest, PresetThatNamesNoStockMeansItsNumber) {
+  AddLabelPrinter();
+  Open();
+  ChooseStock(1);
+  DevMode nameless;
+  nameless.Assign(Settings());
+  memset(nameless.GetBlock() + offsetof(PublicDevMode, dmFormName), 0,
+         sizeof PublicDevMode{}.dmFormName);
+  auto* preset = new PresetItem;
+  preset->SetBlock(nameless);
+  preset->SetName("Shelves");
+  Session().GetPresets();
+  Session().Presets.AddTail(preset);
+  ChooseStock(2);
+  SendMessageW(Page, PSM_QUERYSIBLINGS, kSiblingInitial, 0);
+  Choose(Page, IDC_PRESET, 2);
+  EXPECT_EQ(257, PaperSize());
+  EXPECT_EQ("Shelf", FormName());
 }
 
 TEST_F(PageSetupPageTest, PresetsMadeInTheDialogAreOfferedAtOnce) {
