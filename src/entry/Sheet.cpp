@@ -88,8 +88,7 @@ void GiveBack(const DriverSession& session, const DevMode& devMode,
 
 // As it was at the start; a block of this driver's size whole, since merging keeps some of it.
 void Restore(const DriverSession& session, const DocumentPropertyHeader& header) {
-  const bool isWhole = CallerBlockLength(header.pdmOut) == kDevModeSize;
-  if (header.pdmOut && isWhole) {
+  if (header.pdmIn == header.pdmOut && CallerBlockLength(header.pdmOut) == kDevModeSize) {
     session.SavedDevMode.CopyTo(header.pdmOut, kDevModeSize);
   } else {
     GiveBack(session, session.SavedDevMode, header);

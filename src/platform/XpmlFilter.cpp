@@ -33,7 +33,7 @@ std::string_view ValueOf(std::string_view element, std::string_view attribute) {
 }
 
 // Where the element ends: at the first ">" that stands in no value. A value that nothing closes is
-// none; whether something will is open until the element is `isWhole`.
+// none; until `isWhole` the closing quote may still come.
 size_t EndOf(std::string_view element, bool isWhole) {
   constexpr std::string_view kValue = "='";
   size_t at = 0;

@@ -83,7 +83,7 @@ bool ChooseAndSendFile(const ActionContext& context, DriverSession& session) {
   return session.Windows &&
          session.Windows->ChooseFile(&session, context.Owner, session.GetString(kSendFileTitle),
                                      kinds, &path) &&
-         session.SendFile(path);
+         !session.IsEnded && session.SendFile(path);
 }
 
 // The dialog's result; 0 when it can't be shown.

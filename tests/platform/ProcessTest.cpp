@@ -87,10 +87,13 @@ TEST(Process, ProgramWithoutAFolderIsTheSystems) {
   directory.Put("cmd.exe", "somebody's own");
   const std::filesystem::path before = std::filesystem::current_path();
   std::filesystem::current_path(directory.Path());
-  std::u16string line = u"cmd.exe /c echo done>" + directory.WidePath(u"out");
+  const std::u16string line = u"cmd.exe /c echo done>" + directory.WidePath(u"out");
   EXPECT_TRUE(StartProgram(line.c_str(), kShowHidden));
+  const std::u16string shorter = u"cmd /c echo done>" + directory.WidePath(u"second");
+  EXPECT_TRUE(StartProgram(shorter.c_str(), kShowHidden));
   std::filesystem::current_path(before);
   EXPECT_EQ("done\r\n", WaitForFile(directory, "out", '\n'));
+  EXPECT_EQ("done\r\n", WaitForFile(directory, "second", '\n'));
 }
 
 TEST(Process, PathWithBlanksStandsInQuotes) {

@@ -15,7 +15,7 @@ namespace vtdal {
   "          the driver's module, beside which the port monitor lies. On a client of a print\n" \
   "          server, a change goes to the server too\n"
 
-// For commands that edit without a session. Nothing happens for a printer that is no other
+// For commands that edit without a session. Nothing is asked or sent for a printer that is no other
 // machine's, nor for one that the spooler doesn't know.
 class SharedEdit {
  public:

@@ -99,6 +99,7 @@ class CupsPort : public PortWriter {
     // To ask for the answer would end the document, and what there is of it would be printed.
     Cups.Close(Server);
     if (JobId > 0 && !Finished) CancelJob();
+    Cups.SetPasswordFunction(nullptr, nullptr);
   }
   CupsPort(const CupsPort&) = delete;
   CupsPort& operator=(const CupsPort&) = delete;

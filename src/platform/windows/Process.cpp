@@ -13,9 +13,10 @@ namespace {
 // looks into the current folder first, where anybody may have put another. Empty for any other
 // name.
 std::u16string SystemProgram(const std::u16string& commandLine) {
-  const std::u16string name = commandLine.substr(0, commandLine.find(u' '));
+  std::u16string name = commandLine.substr(0, commandLine.find(u' '));
   const std::u16string directory = SystemDirectory();
   if (directory.empty() || name.find_first_of(u"\"\\/:") != std::u16string::npos) return {};
+  if (name.find(u'.') == std::u16string::npos) name += u".exe";
   std::u16string path = directory + u"\\" + name;
   return IsFile(path.c_str()) ? path : std::u16string();
 }

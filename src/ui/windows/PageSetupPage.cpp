@@ -97,7 +97,8 @@ void PageSetupPage::ShowStockControls(bool initial) {
   const bool locked = Session->IsLocked();
   const bool deletable = !locked && CurrentStock && IsStockDeletable(*CurrentStock);
   // No key would reach a button that has the focus and is disabled.
-  if (!deletable && GetFocus() == ControlWindow(IDC_STOCK_DELETE)) ::SetFocus(StockBox.Window);
+  if (!deletable && GetFocus() == ControlWindow(IDC_STOCK_DELETE))
+    SendMessageW(Window, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(StockBox.Window), TRUE);
   EnableControl(IDC_STOCK_DELETE, deletable);
   EnableControl(IDC_STOCK_NEW, !locked);
   EnableControl(IDC_STOCK_EDIT, CurrentStock != nullptr);
