@@ -49,6 +49,7 @@ class PresetList : public ObjectList {
   PresetItem* GetFirst() const { return static_cast<PresetItem*>(Head); }
   // Changes with everything that is stored.
   uint32_t GetChecksum() const;
+  bool HasChanged() const { return GetChecksum() != ListCrc; }  // since Load or Save
 
   uint32_t ListCrc = 0;  // when last read or written
 

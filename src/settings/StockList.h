@@ -57,6 +57,7 @@ class StockList : public ObjectList {
   StockItem* GetAt(int32_t index) const;
   // Changes with every name, place and datum.
   uint32_t GetChecksum() const;
+  bool HasChanged() const { return GetChecksum() != ListCrc; }  // since Load or Save
 
   PrinterModel* Model = nullptr;  // not owned
   uint32_t ListCrc = 0;           // when last read or written

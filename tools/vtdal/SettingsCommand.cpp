@@ -128,8 +128,8 @@ int Export(const Arguments& arguments, uint32_t sections) {
 
 // A list that the store refused is as changed as before Save.
 bool IsSaved(const DriverSession& session) {
-  return (!session.StockLoaded || session.Stock.GetChecksum() == session.Stock.ListCrc) &&
-         (!session.PresetsLoaded || session.Presets.GetChecksum() == session.Presets.ListCrc) &&
+  return !(session.StockLoaded && session.Stock.HasChanged()) &&
+         !(session.PresetsLoaded && session.Presets.HasChanged()) &&
          !session.DataFonts.HasChanged() && !session.FontMappings.HasChanged() &&
          !session.OptionalFonts.HasChanged();
 }

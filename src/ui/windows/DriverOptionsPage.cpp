@@ -228,8 +228,7 @@ void DriverOptionsPage::OnApply() {
   UPage::OnApply();
   if (!Edited) return;
   Edited = !Options.Commit();
-  if (Edited)
-    ShowMessage(Text(IDS_OPTIONS_NOT_SAVED), Text(IDS_ADVANCED_TITLE), MB_OK | MB_ICONEXCLAMATION);
+  if (Edited) ShowFailure(Text(IDS_OPTIONS_NOT_SAVED));
 }
 
 void DriverOptionsPage::OnReset() {

@@ -101,6 +101,8 @@ void PageSetupPage::KeepStock(const OString& name) {
   CurrentStock = nullptr;
   stock.Normalize();
   stock.Save(Session->Model);
+  if (stock.HasChanged()) ShowFailure(Text(IDS_STOCK_NOT_SAVED));
+  if (!Window) return;
   StockItem* item = FindStockName(stock, name);
   if (item) MakeCurrent(item, item->Data());
   StockListMark = PreviewMark = StockControlsMark = true;

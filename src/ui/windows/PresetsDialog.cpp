@@ -130,6 +130,7 @@ void PresetsDialog::OnApply() {
   PresetList& presets = Session->GetPresets();
   presets.CopyFrom(Edited);
   presets.Save(Session->Model);
+  if (presets.HasChanged()) ShowFailure(Text(IDS_PRESETS_NOT_SAVED));
 }
 
 }  // namespace ostvt

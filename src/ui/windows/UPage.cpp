@@ -180,6 +180,10 @@ int32_t UPage::ShowMessage(const OString& text, const OString& caption, uint32_t
   return MessageBoxW(Window, AsWide(text.GetWide()), AsWide(caption.GetWide()), style);
 }
 
+void UPage::ShowFailure(const OString& text) {
+  ShowMessage(text, TextOfWindow(Window), MB_OK | MB_ICONEXCLAMATION);
+}
+
 MessageFunction SetMessageFunction(MessageFunction function) {
   return std::exchange(messageFunction, function);
 }

@@ -98,6 +98,8 @@ class UPage : public UWindow {
 
   // The button that the user chose, as the system's IDOK, IDYES, IDNO...
   int32_t ShowMessage(const OString& text, const OString& caption, uint32_t style);
+  // Tells, under the page's own title, what could not be done.
+  void ShowFailure(const OString& text);
   // The id that ended the dialog; 2 for cancelled, with the device mode as it was before, and when
   // there is no such template.
   int32_t RunDialog(const OString& templateName, DLGPROC startProcedure);

@@ -253,6 +253,21 @@ TEST_F(DriverOptionsPageTest, ChoiceGoesToTheStoreWhenItIsApplied) {
   EXPECT_FALSE(SheetChanged);
 }
 
+TEST_F(DriverOptionsPageTest, OptionsThatCanNotBeSavedAreToldAndStayEdited) {
+  Open();
+  DialogDriver user;
+  user.Answer(IDOK);
+  user.Answer(IDOK);
+  Select("Ignore the limit on copies");
+  Choose(Page, IDC_OPTION_CHOICE, 1);
+  RefuseWrites();
+  SheetNotify(Page, PSN_APPLY);
+  SheetNotify(Page, PSN_APPLY);
+  ASSERT_EQ(2u, user.Messages.size());
+  EXPECT_EQ("Driver Options|The driver options could not be saved.", user.Messages[0]);
+  EXPECT_EQ("On", Value("Ignore the limit on copies"));
+}
+
 TEST_F(DriverOptionsPageTest, CancelDropsTheEdits) {
   Open();
   const std::string store = StoreDump();

@@ -168,6 +168,19 @@ TEST_F(PageSetupPageTest, DeletedStockIsGoneFromTheStoreAndTheNextOneIsChosen) {
   EXPECT_EQ("USER (100.0 mm x 150.0 mm);<Tag (30.0 mm x 20.0 mm)>", Lines(Page, IDC_STOCK));
 }
 
+TEST_F(PageSetupPageTest, ListThatCanNotBeSavedIsTold) {
+  Open();
+  ChooseStock(1);
+  RefuseWrites();
+  DialogDriver user;
+  user.Answer(IDYES);
+  user.Answer(IDOK);
+  Click(Page, IDC_STOCK_DELETE);
+  ASSERT_EQ(2u, user.Messages.size());
+  EXPECT_EQ("Page Setup|The list of stocks could not be saved.", user.Messages[1]);
+  EXPECT_EQ("USER (100.0 mm x 150.0 mm);<Tag (30.0 mm x 20.0 mm)>", Lines(Page, IDC_STOCK));
+}
+
 TEST_F(PageSetupPageTest, AfterTheLastStockTheOneBeforeIsChosen) {
   Open();
   ChooseStock(2);

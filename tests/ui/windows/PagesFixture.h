@@ -114,6 +114,13 @@ class PagesTest : public UiTest {
     SetLocalAccessLevel(&store, 4);
   }
 
+  // From here on the session's store takes nothing: no key has so long a name.
+  void RefuseWrites() {
+    PrinterRegistry& store = Session().Model->GetStore();
+    store.IsRemote = store.IsShadowed = true;
+    store.ServerName = std::string(300, 'x').c_str();
+  }
+
   HWND OpenPage(const char* templateName) {
     const DLGTEMPLATE* dialog = ResourcesOf(&Session()).LoadTemplate(templateName);
     EXPECT_NE(nullptr, dialog);

@@ -75,6 +75,18 @@ TEST_F(PresetsDialogTest, RenamedPresetTakesItsPlaceWithOk) {
   EXPECT_EQ("B=;C=;", Stored());
 }
 
+TEST_F(PresetsDialogTest, ListThatCanNotBeSavedIsTold) {
+  AddPreset("A");
+  RefuseWrites();
+  User.Answer(IDOK);
+  EXPECT_EQ(IDOK, Run([](HWND dialog) {
+              Click(dialog, IDC_PRESET_NEW);
+              Press(dialog, IDOK);
+            }));
+  EXPECT_EQ("Presets|The presets could not be saved.", User.Messages.at(0));
+  EXPECT_EQ("A=;", Stored());
+}
+
 TEST_F(PresetsDialogTest, DeletionAsksFirst) {
   AddPreset("A");
   AddPreset("B");
