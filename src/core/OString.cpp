@@ -152,7 +152,7 @@ OString& OString::operator+=(const OString& text) {
 OString& OString::operator+=(char character) {
   if (character == 0) {
     MakeUnique();
-  } else if (!HasWide() || GetCodePage() == kCodePageUtf8) {
+  } else if (!HasWide() || (GetCodePage() == kCodePageUtf8 && (character & 0x80))) {
     // Byte by byte, so that the bytes of one character may come in turn.
     AppendUnits(&character, 1);
   } else {

@@ -83,7 +83,8 @@ class OString {
   void AssignCount(const char16_t* text, int n);
 
   OString& operator+=(const OString& text);
-  // Once the text has been asked for wide, a byte is a character of its own, except in UTF-8.
+  // Once the text has been asked for wide, a byte is a character of its own, except for the bytes
+  // from 0x80 up in UTF-8.
   OString& operator+=(char character);
   OString& operator+=(char16_t character);
   OString& operator+=(const char* text);
@@ -122,7 +123,8 @@ class OString {
   // Text behind the last "\\", the whole string when there is none.
   OString FileNamePart() const;
 
-  // Each returns the new Length(). At most `count` characters, stopping at a NUL in `text`.
+  // Each returns the new Length(). At most `count` characters, stopping at a NUL in `text`. An
+  // empty string keeps its code page.
   int Insert(int position, const char* text, int count);
   int Insert(int position, const char16_t* text, int count);
   int Insert(int position, const OString& text);
@@ -134,7 +136,9 @@ class OString {
   void MakeLower();
   // The number of replacements. Replacement text is never searched again.
   int Replace(const OString& oldText, const OString& newText);
+  // A character of the system's page, whatever this string's is.
   int Remove(char character);
+  // By the form that this string needs; that of the set does not matter.
   void TrimLeft(const OString& set);
   void TrimRight(const OString& set);
   void Trim(const OString& set);  // at both ends

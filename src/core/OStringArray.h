@@ -33,7 +33,8 @@ class OStringArray {
   int32_t Add(const OString& value);  // the index of the new element
   // A negative index does nothing.
   void SetAtGrow(int32_t index, const OString& value);
-  // An index past the end grows the array to it first.
+  // An index past the end grows the array to it first, whatever that takes; where the new count
+  // would pass INT32_MAX, fewer copies fit, or none.
   void InsertAt(int32_t index, const OString& value, int32_t count = 1);
   void RemoveAt(int32_t index, int32_t count = 1);
   // By text; -1 if there is none at or after `start`.

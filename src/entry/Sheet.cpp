@@ -2,10 +2,12 @@
 
 #include "core/Memory.h"
 #include "entry/CallerBlock.h"
+#include "entry/PageMessage.h"
 #include "entry/SheetHook.h"
 #include "model/PrinterModel.h"
 #include "platform/Module.h"
 #include "settings/DriverSession.h"
+#include "settings/ModelRecordView.h"
 #include "settings/SessionEnd.h"
 #include "settings/StockPapers.h"
 #include "settings/StoredDevMode.h"
@@ -17,15 +19,11 @@ namespace {
 constexpr uintptr_t kSheetIcon = 64082;
 constexpr int32_t kPageLimit = 100;  // as many as a sheet of the platform can have
 
-// Another part of the driver leaves word which page the next device sheet is wanted for.
-constexpr char kMessageValue[] = "DATA:LW Message";
-constexpr uint32_t kMessageCache = 4;
-
 uint32_t TakeMessage(DriverSession* session) {
   if (!session->Model) return 0;
   PrinterRegistry& store = session->Model->GetStore();
-  uint32_t message = store.ReadDword(kMessageValue, 0);
-  if (message) store.WriteDword(kMessageValue, uint32_t{0});
+  uint32_t message = store.ReadDword(kPageMessage, 0);
+  if (message) store.WriteDword(kPageMessage, uint32_t{0});
   return message;
 }
 
@@ -86,9 +84,16 @@ void GiveBack(const DriverSession& session, const DevMode& devMode,
   if (target.GetSize() > 0) target.Merge(devMode, session.Model, &papers);
 }
 
+// A block that states just the sizes of this driver's.
+bool IsWholeBlock(const void* block) {
+  if (CallerBlockLength(block) != kDevModeSize) return false;
+  const DevModeHeader header = ReadHeader(block, kDevModeSize);
+  return header.Size == kPublicSize && header.DriverExtra == kDriverExtra;
+}
+
 // As it was at the start; a block of this driver's size whole, since merging keeps some of it.
 void Restore(const DriverSession& session, const DocumentPropertyHeader& header) {
-  if (header.pdmIn == header.pdmOut && CallerBlockLength(header.pdmOut) == kDevModeSize) {
+  if (header.pdmIn == header.pdmOut && IsWholeBlock(header.pdmOut)) {
     session.SavedDevMode.CopyTo(header.pdmOut, kDevModeSize);
   } else {
     GiveBack(session, session.SavedDevMode, header);
@@ -151,8 +156,12 @@ int32_t ApplySheetResult(PropSheetUiInfo* info, const SetResultInfo* setResult,
         StoreDevMode(session->PrinterHandle, session->PrinterName, session->DevModeBuffer);
       }
     }
-    if (setResult->Result == kResultCancel && (header->fMode & kModeCopy))
-      Restore(*session, *header);
+    if (setResult->Result == kResultCancel) {
+      // What was applied before stays applied, with a host too that was deaf to it.
+      if (session->IsApplied && (header->fMode & kModeUpdate))
+        StoreDevMode(session->PrinterHandle, session->PrinterName, session->SavedDevMode);
+      if (header->fMode & kModeCopy) Restore(*session, *header);
+    }
   }
   session->IsApplied = false;
   info->Result = static_cast<uintptr_t>(setResult->Result);

@@ -2,9 +2,11 @@
 
 #include <memory>
 
+#include "entry/PageMessage.h"
 #include "model/PrinterModel.h"
 #include "settings/DriverSession.h"
 #include "settings/LaunchKey.h"
+#include "settings/SessionEnd.h"
 #include "store/OpenedPrinter.h"
 #include "store/PrinterId.h"
 #include "store/PrinterRegistry.h"
@@ -18,11 +20,6 @@ constexpr uint32_t kChannelFinished = 1027;
 constexpr int32_t kResultJoined = 1;
 constexpr int32_t kResultFailed = 2;
 
-// Another part of the driver leaves word which page is wanted.
-constexpr char kMessageValue[] = "DATA:LW Message";
-constexpr uint32_t kMessageFonts = 1;
-constexpr uint32_t kMessageCache = 4;
-
 uint32_t WantedPages(const LaunchKey& key) {
   uint32_t pages = kPagesGraphics;
   if (key.EditsDefaults()) pages |= kPagesFonts;
@@ -32,13 +29,13 @@ uint32_t WantedPages(const LaunchKey& key) {
 
 void TakeMessage(DriverSession* session, uint32_t* pages) {
   PrinterRegistry& store = session->Model->GetStore();
-  const uint32_t message = store.ReadDword(kMessageValue, 0);
+  const uint32_t message = store.ReadDword(kPageMessage, 0);
   if (message == 0) return;
   if (message == kMessageFonts || message == kMessageCache) {
     *pages = message == kMessageCache ? kPagesCache : kPagesFonts;
     session->KeepAboutClosed();
   }
-  store.Delete(kMessageValue, false);
+  store.Delete(kPageMessage, false);
 }
 
 void ReadInput(const LaunchKey& key, platform::PrinterHandle printer, DevMode* input) {
@@ -47,6 +44,10 @@ void ReadInput(const LaunchKey& key, platform::PrinterHandle printer, DevMode* i
   if (model) key.ReadDevMode(model.get(), input);
 }
 
+struct SessionEnder {
+  void operator()(DriverSession* session) const { EndSession(session); }
+};
+
 int32_t ShowLaunched(platform::ChannelWindow channel, const OString& channelName,
                      LaunchSheetFunction showSheet) {
   const LaunchKey key(channelName);
@@ -54,7 +55,7 @@ int32_t ShowLaunched(platform::ChannelWindow channel, const OString& channelName
   if (!printer.IsOpen() || !showSheet) return kResultFailed;
   DevMode input;
   ReadInput(key, printer.Handle(), &input);
-  std::unique_ptr<DriverSession> session(CreateDriverSession());
+  std::unique_ptr<DriverSession, SessionEnder> session(CreateDriverSession());
   if (!session) return kResultFailed;
   session->Initialize(printer.Handle(), &input, kSessionMerge);
   if (!session->Model) return kResultFailed;

@@ -9,6 +9,7 @@ namespace {
 
 constexpr int32_t kEdgeAllowanceMicrons = 1270;
 constexpr uint32_t kDefaultDitherMethod = 2;
+constexpr uint32_t kCallsInOneTick = 1000;  // more than there can be
 
 }  // namespace
 
@@ -187,13 +188,14 @@ void PrinterModel::ApplyStatusDefaults() {
   GetStore().WriteByte("Settings:Status/Monitor Status", Data().JobMonitoringDefault);
 }
 
-// Other processes notice a change of the stored number alone, so it must change; and 0 is what they
-// take a store without one for.
+// Other processes notice a change of the stored number alone, so each call takes one that was not
+// there lately; and 0 is what they take a store without one for.
 void PrinterModel::Invalidate() {
   PrinterRegistry store(GetStore());
   const uint32_t old = store.ReadDword("MODEL:Synchronization", 0);
   uint32_t now = platform::TickCount();
-  while (now == old || now == 0) ++now;
+  if (old - now < kCallsInOneTick) now = old + 1;
+  if (now == 0) now = 1;
   store.Delete("MODEL:", true);
   store.WriteDword("MODEL:Synchronization", now);
   store.WriteByte("MODEL:Screen Font Mapping", 0);

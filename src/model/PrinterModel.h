@@ -202,9 +202,8 @@ class PrinterModel {
 
   // The answer to the spooler. `output` may be null, which asks for the count alone; otherwise it
   // has room for what that count promised, 4 bytes for the two extents, whose answer is no count.
-  // `devMode`, for kCapabilitySize to kCapabilityDriver, is
-  // null or a device mode of at least 72 bytes. `papers` may be null: no papers. -1 for an unknown
-  // question.
+  // `devMode`, for kCapabilitySize to kCapabilityDriver, is null or a device mode of at least 72
+  // bytes. `papers` may be null: no papers. -1 for an unknown question.
   int32_t GetDeviceCapability(int32_t capability, void* output, const void* devMode,
                               PaperSource* papers = nullptr);
 

@@ -3,6 +3,7 @@
 
 #include "core/LittleEndian.h"
 #include "core/Memory.h"
+#include "core/WholeUnits.h"
 #include "model/DevModeLayout.h"
 #include "model/PaperSource.h"
 #include "model/PrinterModel.h"
@@ -35,17 +36,12 @@ void Put(void* output, int32_t index, T value) {
             sizeof value);
 }
 
-bool IsHighSurrogate(char16_t unit) { return (unit & 0xFC00) == 0xD800; }
-bool IsLowSurrogate(char16_t unit) { return (unit & 0xFC00) == 0xDC00; }
-
 void PutName(void* output, int32_t slot, int32_t slotUnits, const OString& name) {
   if (!output) return;
-  const char16_t* text = name.GetWide();
-  const int32_t first = slot * slotUnits;
+  const std::u16string_view text = WholeUnits(name.GetWide(), static_cast<size_t>(slotUnits));
   for (int32_t i = 0; i < slotUnits; ++i) {
-    const bool isCut = i == slotUnits - 1 && IsHighSurrogate(text[0]) && IsLowSurrogate(text[1]);
-    Put<char16_t>(output, first + i, isCut ? u'\0' : *text);
-    if (*text != 0) ++text;
+    const auto at = static_cast<size_t>(i);
+    Put<char16_t>(output, slot * slotUnits + i, at < text.size() ? text[at] : u'\0');
   }
 }
 

@@ -6,7 +6,8 @@
 
 namespace ostvt::platform {
 
-// A window of the partner; null is none. It may go at any time, and messages then go nowhere.
+// A window of the partner; null is none. It may go at any time; messages to one that is gone, or to
+// none, go nowhere.
 using ChannelWindow = void*;
 
 // `name` in the system's own code page. Null when there is no such channel.

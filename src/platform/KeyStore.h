@@ -53,8 +53,11 @@ bool EnumerateKey(KeyHandle key, int index, char16_t (&name)[kNameUnits]);
 bool EnumerateValue(KeyHandle key, int index, char16_t (&name)[kNameUnits]);
 // Counts may be null. False if the key does not exist (any more).
 bool QueryKey(KeyHandle key, int* subKeys, int* values);
-// The sub-key `name` of `parent`, with its values; it must have no sub-keys itself. "" deletes
-// nothing.
+// True if the sub-key `name` of `parent` is a link to another key, or if that can't be told. It may
+// lead anywhere, so whoever takes a whole branch must not follow it. Linux has none.
+bool IsLink(KeyHandle parent, const char16_t* name);
+// The sub-key `name` of `parent`, with its values; it must have no sub-keys itself. Of a link, the
+// link itself. "" deletes nothing.
 bool DeleteKey(KeyHandle parent, const char16_t* name);
 bool DeleteValue(KeyHandle key, const char16_t* name);
 
@@ -75,8 +78,9 @@ class KeyStoreTransaction {
   KeyStoreTransaction(const KeyStoreTransaction&) = delete;
   KeyStoreTransaction& operator=(const KeyStoreTransaction&) = delete;
 
-  // False: there is no such hive, it takes no writes, or somebody kept it for too long. Calls then
-  // stand for themselves.
+  // False: there is no such hive, it takes no writes (for kWrite), or somebody kept it for too
+  // long. Calls then stand for themselves. Those behind an error that ended an open kWrite (a full
+  // disk) fail until it is gone, and so does its Commit.
   bool IsOpen() const { return State != nullptr; }
   // The registry undoes nothing: each value is there as soon as it is written.
   bool CanRollBack() const;

@@ -67,6 +67,10 @@ void DevMode::ImportNarrow(const void* narrow, uint32_t knownLength) {
 void DevMode::ExportNarrow(void* narrow, uint32_t knownLength) const {
   const PublicPart source = {Block, GetPublicSize()};
   const PublicPart target = NarrowPart(narrow, knownLength);
+  constexpr uint32_t kUnused = offsetof(NarrowDevMode, unused);
+  constexpr uint32_t kUnusedEnd = kUnused + sizeof NarrowDevMode::unused;
+  if (target.Size > kUnused)
+    memset(target.Bytes + kUnused, 0, std::min(target.Size, kUnusedEnd) - kUnused);
   for (const FieldRun& run : kRuns) CopyRun(source, run.Wide, target, run.Narrow, run);
   if (source.Size >= kWideSizeWithIcm && target.Size >= kNarrowSizeWithIcm)
     CopyRun(source, kIcmRun.Wide, target, kIcmRun.Narrow, kIcmRun);

@@ -84,8 +84,7 @@ class DriverOptions {
 
   // Writes what was set and not written yet, in a transaction of the store that is held under the
   // cache's lock. Where options changed that the model is made from, the model is invalidated,
-  // behind both. False if the store did not take all of it: the next call tries
-  // again.
+  // behind both. False if the store did not take all of it: the next call tries again.
   bool Commit();
   // Drops what is cached, with edits that were not committed. The next reads ask the store.
   void Forget();

@@ -75,16 +75,20 @@ void DriverSession::LoadSettings() {
   FontEncodings.Load(Model);
 }
 
-void DriverSession::Save() {
-  if (!Model) return;
-  if (PresetsLoaded) Presets.Save(Model);
-  if (StockLoaded) Stock.Save(Model);
-  DownloadedFonts.Save(Model);
-  DataFonts.Save(Model);
-  FontMappings.Save(Model);
-  OptionalFonts.Save(Model);
-  StoreDefaultDevMode();
+bool DriverSession::Save() {
+  if (!Model) return false;
+  bool done = true;
+  // A list that had nothing to write, or was refused, saved nothing; the refused one is as changed
+  // as before.
+  if (PresetsLoaded && !Presets.Save(Model)) done &= !Presets.HasChanged();
+  if (StockLoaded && !Stock.Save(Model)) done &= !Stock.HasChanged();
+  done &= DownloadedFonts.Save(Model);
+  done &= DataFonts.Save(Model);
+  done &= FontMappings.Save(Model);
+  if (!OptionalFonts.Save(Model)) done &= !OptionalFonts.HasChanged();
+  done &= StoreDefaultDevMode();
   if (!NoShadowPush) Link.PushShadow();
+  return done;
 }
 
 void DriverSession::Reload() {
@@ -125,15 +129,13 @@ bool DriverSession::LoadNarrowDevMode() {
   return true;
 }
 
-void DriverSession::StoreDefaultDevMode() {
+bool DriverSession::StoreDefaultDevMode() {
   PrinterRegistry& store = Model->GetStore();
-  if (DriverOnNtPath) {
-    WriteInitialDevMode(&store, DevModeBuffer);
-  } else {
-    uint8_t narrow[kNarrowDevModeSize];
-    DevModeBuffer.WriteNarrow(PrinterName, narrow);
-    store.WriteBinary(kDefaultDevMode, narrow, sizeof(narrow));
-  }
+  if (DriverOnNtPath) return WriteInitialDevMode(&store, DevModeBuffer);
+  uint8_t narrow[kNarrowDevModeSize];
+  DevModeBuffer.WriteNarrow(PrinterName, narrow);
+  const int32_t written = store.WriteBinary(kDefaultDevMode, narrow, sizeof(narrow));
+  return written == static_cast<int32_t>(sizeof(narrow));
 }
 
 bool DriverSession::IsDefaultsSession() const {

@@ -99,7 +99,8 @@ class DriverSession {
   void Initialize(platform::PrinterHandle printerHandle, const DevMode* inputDevMode,
                   uint32_t flags, const OString& printerName = OString());
   // Writes what changed to the store, and the device mode as the one that new sessions begin with.
-  void Save();
+  // False if the store didn't take all of it.
+  bool Save();
   // Reads the lists anew; the device mode, the optional fonts and the custom character sets stay.
   void Reload();
   // The printer's stock, read on the first call. The session's.
@@ -220,7 +221,7 @@ class DriverSession {
   // False: model defaults stand in.
   bool LoadDefaultDevMode();
   bool LoadNarrowDevMode();
-  void StoreDefaultDevMode();
+  bool StoreDefaultDevMode();
 
   bool HasAboutPage = false;
   bool BuiltInPresetsAdded = false;

@@ -11,7 +11,7 @@ namespace ostvt {
 
 class ORegistry;
 
-// A stored total that isn't below 0 or above this is believed.
+// A stored total above this counts as this, one below 0 as 0.
 inline constexpr int32_t kEntryLimit = 9999;
 // What can be read back of a text, in 16-bit units; the rest isn't stored.
 inline constexpr int32_t kEntryTextUnits = 4095;
@@ -47,8 +47,7 @@ enum class EntryWriting {
   // to be: an entry is written to its new place, or to one behind the list, before its old place is
   // given away. Entries are told apart by their names; of those of one name the first follows the
   // first, the second the second. Whoever is stopped may leave an entry at two places, and with
-  // them a total that
-  // is too large; the next writing mends that.
+  // them a total that is too large; the next writing mends that.
   kOneByOne,
 };
 

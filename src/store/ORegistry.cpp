@@ -138,6 +138,7 @@ int32_t ORegistry::WriteBinary(const OString& path, const void* data, int32_t si
 }
 
 bool ORegistry::WriteString(const OString& path, const OString& value) {
+  if (!HasUnits(value)) return false;
   const char16_t* text = value.GetWide();
   size_t units = std::char_traits<char16_t>::length(text) + 1;
   int32_t size = static_cast<int32_t>(units * sizeof(char16_t));
@@ -145,6 +146,9 @@ bool ORegistry::WriteString(const OString& path, const OString& value) {
 }
 
 bool ORegistry::WriteMultiString(const OString& path, const OStringArray& array) {
+  for (int32_t i = 0; i < array.Count; ++i) {
+    if (!HasUnits(array[i])) return false;
+  }
   Buffer block;
   array.JoinBlockWide(&block, BlockMode::kTerminated);
   int32_t size = static_cast<int32_t>(block.Size);
@@ -228,7 +232,10 @@ bool ORegistry::DeleteKey(OString key, bool recursive) {
   name.TrimRight("\\");
   // The root of a hive stays, with all that it holds.
   if (split < 0 || name.IsEmpty()) return false;
-  if (recursive) {
+  const bool isColon = place.GetWide()[split] == u':';
+  const ScopedKey parent(ORegistry::OpenKey(place.Left(isColon ? split + 1 : split), false));
+  // What lies behind a link is not of this branch.
+  if (recursive && !platform::IsLink(parent.Get(), name.GetWide())) {
     OStringArray children;
     ListNames(key, platform::EnumerateKey, &children);
     for (int32_t i = 0; i < children.Count; ++i) {
@@ -236,8 +243,6 @@ bool ORegistry::DeleteKey(OString key, bool recursive) {
       if (!children[i].IsEmpty()) DeleteKey(ChildKey(key, children[i]), true);
     }
   }
-  bool isColon = place.GetWide()[split] == u':';
-  ScopedKey parent(ORegistry::OpenKey(place.Left(isColon ? split + 1 : split), false));
   return platform::DeleteKey(parent.Get(), name.GetWide());
 }
 

@@ -85,7 +85,7 @@ class ORegistry {
   // The size written, or -1.
   int32_t WriteBinary(const OString& path, const void* data, int32_t size);
   bool WriteString(const OString& path, const OString& value);
-  // Empty strings are left out.
+  // Empty strings are left out. These two write nothing when a text's code page can't make it wide.
   bool WriteMultiString(const OString& path, const OStringArray& array);
 
   // True if `path`, taken whole as a key, exists. Both counts may be null.
@@ -101,7 +101,7 @@ class ORegistry {
   int32_t FindKeys(const OString& pattern, OStringArray* array) const;
   int32_t FindValues(const OString& pattern, OStringArray* array) const;
   // Deletes the key that the path names, or if there is none, the value. A key with sub-keys goes
-  // only when `recursive`. The root of a hive is never deleted.
+  // only when `recursive`; a link to another key goes alone. The root of a hive is never deleted.
   bool Delete(const OString& path, bool recursive);
   // Deletes a value. True also where there was none.
   bool ForgetValue(const OString& path);
@@ -112,8 +112,8 @@ class ORegistry {
   // Appends the branch at a key path, taken whole without Root, as lines of text: see "The text of
   // a branch" in docs/formats.md. The flags concern the top key only. Left out are strings and
   // lists of more than 8192 bytes, double words of another size than four, and values and keys with
-  // a line end in their name; a string with a line end goes as binary. False if the path is none; a
-  // key that is missing has no values.
+  // a line end in their name, and links to other keys; a string with a line end goes as binary.
+  // False if the path is none; a key that is missing has no values.
   bool ExportBranch(const OString& path, OStringArray* lines, uint32_t flags);
   // Applies such lines, whatever keys they name; see KeepSectionsBelow for lines from outside. What
   // can't be read or written is passed over. Root is left at the last section. Always true.

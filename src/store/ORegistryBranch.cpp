@@ -68,21 +68,20 @@ void ORegistry::ExportKey(const OString& key, OStringArray* lines) const {
   lines->Add(header);
   OStringArray names;
   ListNames(key, platform::EnumerateValue, &names);
-  {
-    const ScopedKey opened(OpenKey(key, false));
-    for (int32_t i = 0; i < names.Count; ++i) {
-      BranchValue value;
-      if (IsChecksum(names[i]) || HasLineEnd(names[i])) continue;
-      if (!ReadBranchValue(opened.Get(), names[i], &value)) continue;
-      AppendBranchValue(value, lines);
-    }
+  const ScopedKey opened(OpenKey(key, false));
+  for (int32_t i = 0; i < names.Count; ++i) {
+    BranchValue value;
+    if (IsChecksum(names[i]) || HasLineEnd(names[i])) continue;
+    if (!ReadBranchValue(opened.Get(), names[i], &value)) continue;
+    AppendBranchValue(value, lines);
   }
   lines->Add(OString());
   OStringArray children;
   ListNames(key, platform::EnumerateKey, &children);
   for (int32_t i = 0; i < children.Count; ++i) {
-    // A name that leads nowhere would be the key itself once more.
-    if (!children[i].IsEmpty()) ExportKey(ChildKey(key, children[i]), lines);
+    // A name that leads nowhere would be the key itself once more, and a link may be so, too.
+    if (children[i].IsEmpty() || platform::IsLink(opened.Get(), children[i].GetWide())) continue;
+    ExportKey(ChildKey(key, children[i]), lines);
   }
 }
 

@@ -145,8 +145,8 @@ void PrinterRegistry::ResolveUnits(std::u16string* path) const {
   }
   SubstituteMacro(path, u"[OEM]", OemCode);
   // A key whose last element is the name of nobody would be the one above, which all printers
-  // share.
-  if (!endsOpen && path->ends_with(u'/')) path->clear();
+  // share. Opening passes over what separates at the end, however much it is.
+  if (path->ends_with(endsOpen ? u"//" : u"/")) path->clear();
   ORegistry::ResolveUnits(path);
 }
 

@@ -74,10 +74,6 @@ std::u16string Normalize(const OString& path) {
 // A path that names its hive stands by itself.
 bool HasHead(std::u16string_view path) { return path.find(u':', 1) != std::u16string_view::npos; }
 
-// A text that its code page can't make wide would pass for an empty one, and what is done to it
-// would be done to the key above.
-bool HasUnits(const OString& path) { return path.IsEmpty() || *path.GetWide() != 0; }
-
 // A path behind the one that it hangs from, both normalized.
 struct WholePath {
   WholePath(const OString& root, const OString& path)
@@ -112,6 +108,8 @@ OString WidenByte(unsigned char byte, uint32_t codePage) {
 }
 
 }  // namespace
+
+bool HasUnits(const OString& text) { return text.IsEmpty() || *text.GetWide() != 0; }
 
 bool StartsWithNoCase(std::u16string_view text, std::string_view prefix) {
   if (text.size() < prefix.size()) return false;

@@ -9,6 +9,9 @@
 
 namespace ostvt {
 
+// False of a text that its code page can't make wide. It would pass for an empty one: as a path for
+// that of the key above, as a value for one that is meant to be empty.
+bool HasUnits(const OString& text);
 // `prefix` is ASCII and is compared without regard to the case of letters.
 bool StartsWithNoCase(std::u16string_view text, std::string_view prefix);
 // The last "/" or ":", or -1.

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/WholeUnits.h"
 #include "language/resource.h"
 #include "settings/DevMode.h"
 
@@ -39,8 +40,6 @@ char* SlotOf(const DevMode& devMode, const CommandSlot& slot) {
   return view.Record->CommandTexts + slot.Start;
 }
 
-bool IsHighSurrogate(char16_t unit) { return (unit & 0xFC00) == 0xD800; }
-
 std::string Narrowed(std::u16string_view text) {
   OString narrow(std::u16string(text).c_str());
   narrow.SetCodePage(0);
@@ -66,7 +65,7 @@ OString FitCommandText(const OString& text, int32_t point) {
   std::u16string_view rest = text.GetWide();
   // Each unit makes a byte or more, but for pairs that make one.
   rest = rest.substr(0, 2 * limit);
-  while (!rest.empty() && (IsHighSurrogate(rest.back()) || Narrowed(rest).size() > limit))
+  while (!rest.empty() && (IsLeadSurrogate(rest.back()) || Narrowed(rest).size() > limit))
     rest.remove_suffix(1);
   return OString(Narrowed(rest).c_str());
 }

@@ -235,6 +235,13 @@ TEST(LZ77RawDecode, CutOffStreamWithAllInputConsumedIsNoFailure) {
   EXPECT_EQ(std::string("\0\0\0", 3), plain);
 }
 
+// A stored block that isn't the last one: the stream doesn't end, but there is nothing left of it.
+TEST(LZ77RawDecode, AllInputConsumedWhenTheOutputIsFullIsNoFailure) {
+  std::string plain;
+  EXPECT_TRUE(RawDecode(std::string("\0\x03\0\xFC\xFF", 5) + "abc", 3, &plain));
+  EXPECT_EQ("abc", plain);
+}
+
 TEST(LZ77RawDecode, InputLeftOverWhenTheOutputIsFullFails) {
   std::string plain;
   EXPECT_FALSE(RawDecode(kRawAbc, 1, &plain));

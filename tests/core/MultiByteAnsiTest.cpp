@@ -49,6 +49,12 @@ TEST_F(MultiByteAnsiTest, SecondByteSplitsNoList) {
   EXPECT_IN_PAGE_932(parts.Count == 2 && WideOf(parts[1]) == u"\u30DD");
 }
 
+TEST_F(MultiByteAnsiTest, FormattedNarrowTextCountsCharactersNotBytes) {
+  OString text;
+  EXPECT_IN_PAGE_932((text.Format(u"%3.1S|%S", "\x93\xFA\x96\x7B", "\x93\xFA\x96\x7B"),
+                      WideOf(text) == u"  \u65E5|\u65E5\u672C"));
+}
+
 TEST_F(MultiByteAnsiTest, LinesOfAFileAreInTheSystemsPage) {
   test::TempDirectory directory;
   directory.Put("text", "\x93\xFA\x96\x7B\r\nnext\r\n");

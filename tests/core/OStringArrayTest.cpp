@@ -233,6 +233,19 @@ TEST(OStringArraySplit, WideAndDoubleByteTextsAreCutByUnits) {
   EXPECT_EQ(u"\u65E5", WideOf(list[1]));
 }
 
+TEST(OStringArraySplit, SeparatorOfAnotherPageIsReadAsText) {
+  const OString text = InPage(1251, "a\xC6\xFF");
+  OStringArray list;
+  list.Split(text, InPage(866, "\x86"));
+  ASSERT_EQ(2, list.Count);
+  EXPECT_EQ(u"a", WideOf(list[0]));
+  EXPECT_EQ(u"\u044F", WideOf(list[1]));
+  EXPECT_EQ(1251u, list[1].GetCodePage());
+  list.Split(text, InPage(866, "\xC6"));  // the byte, but not the letter
+  ASSERT_EQ(1, list.Count);
+  EXPECT_STREQ("a\xC6\xFF", list[0].GetNarrow());
+}
+
 TEST(OStringArraySplit, TextMayBeAnElement) {
   OStringArray list;
   list.Add("a,b");
@@ -257,6 +270,19 @@ TEST(OStringArraySplit, AnyMakesPlainNarrowFields) {
   EXPECT_EQ(0u, list[0].GetCodePage());
   EXPECT_STREQ("\xC6", list[0].GetNarrow());
   EXPECT_FALSE(list[0].HasWide());
+}
+
+// Not what is asked of a wide text: letters that its page lacks are question marks, and end fields
+// as such.
+TEST(OStringArraySplit, AnyCutsTheNarrowFormOfAWideText) {
+  OStringArray list;
+  list.SplitAny(u"a\u0416,\u0417", ",");
+  EXPECT_EQ("[a?][?]", Shown(list));
+  EXPECT_FALSE(list[0].HasWide());
+  list.SplitAny(u"a\u0416b", "?");
+  EXPECT_EQ("[a][b]", Shown(list));
+  list.SplitAny(u"a?b", u"\u0416");
+  EXPECT_EQ("[a][b]", Shown(list));
 }
 
 }  // namespace

@@ -137,6 +137,8 @@ TEST(OStringCodePage, TrailByteIsNoBackslash) {
 
 TEST(OStringCodePage, BytesAbove7FCompareUnsigned) {
   EXPECT_EQ(1, OString("\x80").Compare("\x7F"));
+  EXPECT_EQ(1, OString("\x80").CompareNoCase("\x7F"));
+  EXPECT_EQ(1, OString(u"\uFFFF").CompareNoCase(OString(u"\u0001")));
   EXPECT_EQ(1, OString(u"\uFFFF").Compare(OString(u"\u0001")));
 }
 

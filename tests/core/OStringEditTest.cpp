@@ -48,6 +48,19 @@ TEST(OStringInsert, IntoEmptyIsAssignment) {
   EXPECT_EQ(u"\u0416\u044F", WideOf(text));
 }
 
+// The text goes in, not the body: appending to an empty string differs there.
+TEST(OStringInsert, StringIntoEmptyKeepsThePageOfTheTarget) {
+  OString text = InPage(1251, "");
+  const OString added = InPage(1250, "\xE8");
+  EXPECT_EQ(1, text.Insert(3, added));
+  EXPECT_EQ(1251u, text.GetCodePage());
+  EXPECT_EQ(u"\u010D", WideOf(text));
+  EXPECT_EQ(1250u, added.GetCodePage());
+  OString russian = InPage(1251, "");
+  EXPECT_EQ(1, russian.Insert(0, InPage(866, "\x86")));
+  EXPECT_STREQ("\xC6", russian.GetNarrow());
+}
+
 TEST(OStringInsert, GrowsKeepingTheText) {
   OString text("<>");
   std::string middle(500, 'm');
@@ -266,6 +279,17 @@ TEST(OStringReplace, RemoveDropsEveryOccurrence) {
   EXPECT_STREQ("abc", text.GetNarrow());
 }
 
+// Unlike Find, which takes the byte for a unit.
+TEST(OStringReplace, RemovedByteIsACharacterOfTheSystemsPage) {
+  OString text(u"a\u00E9");
+  EXPECT_EQ(1, text.Remove('\xE9'));
+  EXPECT_EQ(u"a", WideOf(text));
+  OString extended(u"a\uFFE9");
+  EXPECT_EQ(0, extended.Remove('\xE9'));
+  OString russian = InPage(1251, "a\xE9");
+  EXPECT_EQ(0, russian.Remove('\xE9'));
+}
+
 TEST(OStringTrim, RemovesCharactersOfTheSet) {
   OString text(" \t-abc-\t ");
   text.TrimLeft(" \t");
@@ -276,6 +300,32 @@ TEST(OStringTrim, RemovesCharactersOfTheSet) {
   text.TrimRight("-");
   EXPECT_STREQ("abc", text.GetNarrow());
   EXPECT_FALSE(text.HasWide());
+}
+
+// One byte, whatever it means in either page.
+TEST(OStringTrim, NarrowTextIsTrimmedByBytesOfAnyPage) {
+  OString text = InPage(1251, "\xC6x\xC6");
+  text.TrimLeft(InPage(866, "\xC6"));
+  EXPECT_STREQ("x\xC6", text.GetNarrow());
+  text.TrimRight(InPage(866, "\xC6"));
+  EXPECT_STREQ("x", text.GetNarrow());
+  OString sameLetter = InPage(1251, "\xC6x\xC6");
+  sameLetter.Trim(InPage(866, "\x86"));
+  EXPECT_STREQ("\xC6x\xC6", sameLetter.GetNarrow());
+}
+
+TEST(OStringTrim, NarrowTextTakesTheNarrowFormOfAWideSet) {
+  OString text("\xE9x\xE9");
+  text.TrimLeft(u"\u00E9");
+  text.TrimRight(u"\u00E9");
+  EXPECT_FALSE(text.HasWide());
+  EXPECT_STREQ("x", text.GetNarrow());
+  // The set's own page has no such letter: it holds a question mark.
+  OString russian = InPage(1251, "\xC6x?");
+  russian.TrimLeft(u"\u0416");
+  EXPECT_STREQ("\xC6x?", russian.GetNarrow());
+  russian.TrimRight(u"\u0416");
+  EXPECT_STREQ("\xC6x", russian.GetNarrow());
 }
 
 TEST(OStringTrim, EmptySetRemovesNothing) {

@@ -1,4 +1,4 @@
-// Lifetime, access, assignment, appending.
+// Lifetime, access, assignment.
 #include "core/OString.h"
 
 #include <gtest/gtest.h>
@@ -25,30 +25,6 @@ TEST(OString, DefaultIsEmptyAndNeverNull) {
   EXPECT_EQ(-1, text.Find(u"x"));
   EXPECT_TRUE(text.Mid(0, 5).IsEmpty());
   EXPECT_TRUE(text == "");
-}
-
-// Every operation on a string that once held both forms gives what it gives on one without a body.
-TEST(OString, ClearedOfBothFormsBehavesLikeNoBody) {
-  OString cleared("Label");
-  cleared.GetWide();
-  cleared.Clear();
-  EXPECT_TRUE(cleared.IsEmpty());
-  EXPECT_FALSE(cleared.HasNarrow());
-  EXPECT_FALSE(cleared.HasWide());
-  EXPECT_EQ(0, cleared.Length());
-  EXPECT_STREQ("", cleared.GetNarrow());
-  EXPECT_EQ(u"", WideOf(cleared));
-  EXPECT_EQ(0, cleared.Compare(OString()));
-  EXPECT_EQ(0, OString().Compare(cleared));
-  EXPECT_EQ(-1, cleared.Find("", 0));
-  EXPECT_EQ(-1, cleared.ReverseFind('\0'));
-  EXPECT_EQ(0, cleared.ToInt());
-  EXPECT_TRUE(cleared.Mid(0, 3).IsEmpty());
-  EXPECT_TRUE(OString().Match(cleared));
-  EXPECT_EQ(0, cleared.Delete(0, 3));
-  EXPECT_EQ(0, cleared.Replace("a", "b"));
-  cleared.IncrementNumber(true);
-  EXPECT_STREQ("2", cleared.GetNarrow());
 }
 
 TEST(OString, NullTextIsEmptyText) {
@@ -233,133 +209,6 @@ TEST(OString, BuffersAreForTheirCountAndForgetTheOldText) {
   EXPECT_EQ(200, text.Length());
   EXPECT_FALSE(text.HasNarrow());
   EXPECT_NE(nullptr, OString().GetNarrowBuffer(-5));
-}
-
-TEST(OString, AppendingEmptyDoesNothing) {
-  OString text("abc");
-  const char* before = text.GetNarrow();
-  text += OString();
-  text += "";
-  text += u"";
-  EXPECT_EQ(before, text.GetNarrow());
-}
-
-TEST(OString, AppendingToEmptySharesTheBody) {
-  OString target = InPage(1251, "");
-  OString added = InPage(1250, "xyz");
-  target += added;
-  EXPECT_EQ(added.GetNarrow(), target.GetNarrow());
-  EXPECT_EQ(1250u, target.GetCodePage());
-}
-
-TEST(OString, AppendingItselfDoubles) {
-  OString text("abc");
-  text += text;
-  EXPECT_STREQ("abcabc", text.GetNarrow());
-  OString wide(u"\u0416");
-  wide += wide;
-  EXPECT_EQ(u"\u0416\u0416", WideOf(wide));
-}
-
-TEST(OString, AppendingStaysNarrowWhereBothAre) {
-  OString text("abc");
-  text += OString("def");
-  EXPECT_FALSE(text.HasWide());
-  EXPECT_STREQ("abcdef", text.GetNarrow());
-}
-
-TEST(OString, AppendingWideMakesNarrowStale) {
-  OString text("abc");
-  text += OString(u"\u0416");
-  EXPECT_FALSE(text.HasNarrow());
-  EXPECT_EQ(u"abc\u0416", WideOf(text));
-}
-
-TEST(OString, AppendingAnotherCodePageGoesThroughWide) {
-  OString text = InPage(1252, "\xE9");
-  text += InPage(1251, "\xE9");
-  EXPECT_FALSE(text.HasNarrow());
-  EXPECT_EQ(u"\u00E9\u0439", WideOf(text));
-  EXPECT_EQ(1252u, text.GetCodePage());
-}
-
-// Plain text comes in the system's page, whatever the page of the target.
-TEST(OString, AppendedTextHasTheSystemPage) {
-  OString text = InPage(1251, "x");
-  text += "\xE9";
-  EXPECT_EQ(u"x\u00E9", WideOf(text));
-}
-
-TEST(OString, AppendedCharactersGoToTheirForm) {
-  OString text("a");
-  text += 'b';
-  EXPECT_FALSE(text.HasWide());
-  text += u'c';
-  EXPECT_FALSE(text.HasNarrow());
-  EXPECT_EQ(u"abc", WideOf(text));
-  text += '\0';
-  text += u'\0';
-  EXPECT_EQ(u"abc", WideOf(text));
-  EXPECT_EQ(3, text.Length());
-}
-
-TEST(OString, NarrowCharacterBehindWideTextLosesNothing) {
-  OString text(u"\u0416");
-  text += 'x';
-  EXPECT_EQ(u"\u0416x", WideOf(text));
-  text += '\xE9';  // in the string's own page
-  EXPECT_EQ(u"\u0416x\u00E9", WideOf(text));
-}
-
-// The narrow form is there too, but holds "?" for what its page lacks.
-TEST(OString, NarrowCharacterBehindBothFormsLosesNothing) {
-  OString text(u"\u0416");
-  EXPECT_STREQ("?", text.GetNarrow());
-  text += 'x';
-  EXPECT_EQ(u"\u0416x", WideOf(text));
-}
-
-TEST(OString, Utf8MayBeAppendedByteByByte) {
-  OString text = InPage(kCodePageUtf8, "");
-  for (char byte : {'a', '\xC3', '\xA9', '\xE4', '\xB8', '\xAD'}) {
-    text += byte;
-    text.Length();  // makes the wide form between any two bytes
-  }
-  EXPECT_EQ(u"a\u00E9\u4E2D", WideOf(text));
-}
-
-TEST(OString, DoubleBytesMayBeAppendedByteByByte) {
-  OString text = InPage(932, "");
-  for (char byte : {'\x93', '\xFA', '\x96', '\x7B'}) text += byte;
-  EXPECT_EQ(u"\u65E5\u672C", WideOf(text));
-}
-
-TEST(OString, AppendIntWritesSignedDecimal) {
-  OString text("n=");
-  text.AppendInt(0);
-  text.AppendInt(-12);
-  text.AppendInt(INT32_MAX);
-  text.AppendInt(INT32_MIN);
-  EXPECT_STREQ("n=0-122147483647-2147483648", text.GetNarrow());
-}
-
-TEST(OString, AppendTabAndNewLine) {
-  OString text("a");
-  text.AppendTab();
-  text += "b";
-  text.AppendNewLine();
-  EXPECT_STREQ("a\tb\r\n", text.GetNarrow());
-}
-
-TEST(OString, PlusMakesANewValue) {
-  OString a("a");
-  OString b("b");
-  EXPECT_STREQ("ab", (a + b).GetNarrow());
-  EXPECT_STREQ("ax", (a + 'x').GetNarrow());
-  EXPECT_STREQ("axy", (a + "xy").GetNarrow());
-  EXPECT_STREQ("xya", ("xy" + a).GetNarrow());
-  EXPECT_STREQ("a", a.GetNarrow());
-  EXPECT_STREQ("b", b.GetNarrow());
 }
 
 TEST(OString, ManyAppendsReallocateSeldom) {

@@ -52,11 +52,15 @@ TEST(PackedText, DamagedTextIsRefused) {
   }
 }
 
-TEST(PackedText, NothingIsPackedOfNothing) {
-  char block[1];
-  uint32_t size = 1;
+// Python: base64(b"ZLIB" + sizes + zlib.compress(b"")).
+TEST(PackedText, NothingIsPackedAsAFrame) {
   const OString text = PackText(nullptr, 0);
-  EXPECT_TRUE(text.IsEmpty() || UnpackText(text, block, &size));
+  EXPECT_STREQ("WkxJQgAAAAAIAAAAeJwDAAAAAAE=", text.GetNarrow());
+  char block[1] = {'#'};
+  uint32_t size = 1;
+  EXPECT_TRUE(UnpackText(text, block, &size));
+  EXPECT_EQ(0u, size);
+  EXPECT_EQ('#', block[0]);
 }
 
 }  // namespace

@@ -30,6 +30,16 @@ class IncompletePrinter : public SheetTest {
     }
     EXPECT_EQ(output.Copy(), std::vector<uint8_t>(1516, 0xCD));
 
+    // Nothing is installed, and no error is told.
+    const std::string before = StoreDump();
+    platform::SetLastErrorNumber(kPoison);
+    EXPECT_EQ(DrvPrinterEvent(Name(), 3, 0, 0), 0);
+    DriverUpgradeInfo info = {};
+    info.pPrinterName = Name();
+    EXPECT_EQ(DrvUpgradePrinter(1, &info), 0);
+    EXPECT_EQ(platform::LastErrorNumber(), kPoison);
+    EXPECT_EQ(StoreDump(), before);
+
     OpenHandle handle(Printer->Name());
     ExpectEmptySession(handle);
   }

@@ -2,6 +2,8 @@
 // module.
 #include "comm/MonitorLink.h"
 #include "companions/netmon/ServerRegistry.h"
+#include "platform/PrintContext.h"
+#include "settings/DriverSession.h"
 #include "tests/entry/EntryFixture.h"
 #include "tests/support/TestMonitor.h"
 
@@ -60,6 +62,26 @@ TEST_F(SharingEvents, DocumentStartsWithAPull) {
   EXPECT_EQ(1u, Store().ReadDword("SETTINGS:Served", 0));
 }
 
+TestMonitor* askedMonitor;
+int pullsAtTheEscape;
+
+TEST_F(SharingEvents, RenderingHalfIsToldOfADocumentBeforeThePull) {
+  OpenHandle handle(Printer->Name());
+  askedMonitor = Monitor.get();
+  pullsAtTheEscape = -1;
+  const platform::EscapeFunction before =
+      platform::SetEscapeFunction([](platform::PrintContext, int, const void*, int, void*, int) {
+        pullsAtTheEscape = askedMonitor->Count("<settings action='request'>");
+        return 1;
+      });
+  const int pulls = Monitor->Count("<settings action='request'>");
+  int context = 0;
+  EXPECT_EQ(1, DrvDocumentEvent(handle, &context, 5, 0, nullptr, 0, nullptr));
+  platform::SetEscapeFunction(before);
+  EXPECT_EQ(pulls, pullsAtTheEscape);
+  EXPECT_EQ(pulls + 1, Monitor->Count("<settings action='request'>"));
+}
+
 TEST_F(SharingEvents, DocumentEndsWithAPush) {
   OpenHandle handle(Printer->Name());
   Tell(handle, 1);
@@ -87,9 +109,12 @@ TEST_F(SharingEvents, EventsOfTheDriversOwnJobExchangeNothing) {
 }
 
 TEST_F(SharingEvents, OpeningASessionPullsBeforeTheModelIsRead) {
+  Server->WriteByte("SETTINGS:Disable Copies Limit", 1);
+  Server->WriteDword("MODEL:Synchronization", 77u);
   OpenHandle handle(Printer->Name());
   void* session = nullptr;
   EXPECT_EQ(Exchanges(2, 0), ExchangesOf([&] { session = DAL_Printer_Open(handle); }));
+  EXPECT_EQ(32767, static_cast<DriverSession*>(session)->Model->GetCopiesLimit());
   Change();
   EXPECT_EQ(Exchanges(0, 1), ExchangesOf([&] { DAL_Printer_Close(session); }));
   EXPECT_EQ(1u, ServersChange());

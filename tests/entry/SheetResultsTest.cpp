@@ -197,6 +197,38 @@ TEST_F(SheetResults, CancelRestoresOneBlockOfTheWholeSizeByteForByte) {
   EXPECT_EQ(host.Destroy(), 1);
 }
 
+TEST_F(SheetResults, CancelKeepsTheHeadOfOneBlockThatStatesMore) {
+  AddPrinter();
+  std::vector<uint8_t> bytes = DriverDefault();
+  bytes.resize(220 + 2000, 0x5C);
+  GuardedBlock both(bytes);
+  both.PutWord(kAtExtra, 2000);
+  DocumentPropertyHeader header = DocumentHeader(2, both.Data(), both.Data());
+  SheetHost host(DrvDocumentPropertySheets, &header);
+  ASSERT_EQ(host.Init(), 1);
+  Edit(host, 77);
+  EXPECT_EQ(host.SetResult(1), 1);
+  EXPECT_EQ(both.Word(kAtCopies), 77);
+  EXPECT_EQ(host.SetResult(0), 1);
+  EXPECT_EQ(both.Word(kAtCopies), 1);
+  EXPECT_EQ(both.Word(kAtExtra), 2000);
+  for (size_t i = 1516; i < 2220; i++) ASSERT_EQ(both.Data()[i], 0x5C) << i;
+  EXPECT_EQ(host.Destroy(), 1);
+}
+
+TEST_F(SheetResults, AppliedSettingsOutliveACancelInAHostThatIsDeafToTheApply) {
+  AddPrinter();
+  DocumentPropertyHeader header = DocumentHeader(1, nullptr);
+  SheetHost host(DrvDocumentPropertySheets, &header);
+  ASSERT_EQ(host.Init(), 1);
+  Edit(host, 77);
+  SessionOf(&host.Info)->NotifyApplied();
+  Edit(host, 78);
+  EXPECT_EQ(host.SetResult(0), 1);
+  EXPECT_EQ(host.Destroy(), 1);
+  EXPECT_EQ(WordAt(StoredDevMode(), kAtCopies), 77);
+}
+
 TEST_F(SheetResults, CancelWithoutTheCopyBitLeavesTheOutput) {
   AddPrinter();
   GuardedBlock output(1516);

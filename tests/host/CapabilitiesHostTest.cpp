@@ -110,9 +110,11 @@ TEST_F(CapabilitiesHost, PairsOfCallsAgree) {
   }
 }
 
-TEST_F(CapabilitiesHost, SizesFollowTheCallersDevMode) {
+TEST_F(CapabilitiesHost, SizesDoNotFollowTheCallersDevMode) {
   std::vector<BYTE> block = DefaultDevMode(Printer);
   DEVMODEW* mode = reinterpret_cast<DEVMODEW*>(block.data());
+  mode->dmSize = 188;
+  mode->dmDriverExtra = 10;
   EXPECT_EQ(Capability(Printer.Name(), DC_SIZE, nullptr, mode), 220);
   EXPECT_EQ(Capability(Printer.Name(), DC_EXTRA, nullptr, mode), 1296);
 }

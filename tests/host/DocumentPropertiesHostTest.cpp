@@ -175,6 +175,20 @@ TEST_F(DocumentPropertiesHost, NarrowCallersBlockIsConvertedByTheSpooler) {
                                 answer, mode, DM_IN_BUFFER | DM_OUT_BUFFER),
             IDOK);
   EXPECT_EQ(answer->dmCopies, 5);
+  // Blocks of any size: never trusted, never a crash.
+  std::mt19937 random(11);
+  for (const WORD stated : {WORD{40}, WORD{124}, WORD{156}}) {
+    std::vector<BYTE> odd = block;
+    auto* input = reinterpret_cast<DEVMODEA*>(odd.data());
+    input->dmSize = stated;
+    input->dmDriverExtra = static_cast<WORD>(random() % (odd.size() - stated));
+    EXPECT_EQ(DocumentPropertiesA(nullptr, Printer.Get(), const_cast<char*>("Host Test Printer"),
+                                  answer, input, DM_IN_BUFFER | DM_OUT_BUFFER),
+              IDOK)
+        << stated;
+    EXPECT_EQ(answer->dmDriverExtra, kPrivateSize) << stated;
+    EXPECT_EQ(answer->dmPrintQuality, 203) << stated;
+  }
 }
 
 TEST_F(DocumentPropertiesHost, StoredDefaultOfThePrinterIsMergedIn) {

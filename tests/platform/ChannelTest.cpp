@@ -31,8 +31,12 @@ TEST(Channel, NobodyAnswersToANameThatNoPartnerHas) {
 }
 
 TEST(Channel, MessagesToNobodyGoNowhere) {
+  SetChannelFunctions(&kNoting);
+  calls.clear();
   SendToChannel(nullptr, 1025);
   PostToChannel(nullptr, 1027, 2);
+  EXPECT_EQ("", calls);
+  SetChannelFunctions(nullptr);
 }
 
 TEST(Channel, FunctionsTakeThePlaceOfTheSystem) {

@@ -3,36 +3,13 @@
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
-#include <algorithm>
-#include <iterator>
 #include <ostream>
 #include <string>
 
+#include "tests/platform/CodePageText.h"
+
 namespace ostvt::platform {
 namespace {
-
-constexpr char16_t kPoison = 0xBEEF;
-
-// "<failed>" when the platform refuses.
-std::u16string Wide(uint32_t codePage, const char* text) {
-  char16_t buffer[256];
-  std::fill(std::begin(buffer), std::end(buffer), kPoison);
-  int count = NarrowToWide(codePage, text, buffer, static_cast<int>(std::size(buffer)));
-  if (count == 0) return u"<failed>";
-  EXPECT_EQ(0, buffer[count - 1]);
-  EXPECT_EQ(kPoison, buffer[count]);
-  return std::u16string(buffer, static_cast<size_t>(count - 1));
-}
-
-std::string Narrow(uint32_t codePage, const char16_t* text) {
-  char buffer[256];
-  std::fill(std::begin(buffer), std::end(buffer), 'P');
-  int count = WideToNarrow(codePage, text, buffer, static_cast<int>(std::size(buffer)));
-  if (count == 0) return "<failed>";
-  EXPECT_EQ(0, buffer[count - 1]);
-  EXPECT_EQ('P', buffer[count]);
-  return std::string(buffer, static_cast<size_t>(count - 1));
-}
 
 struct Sample {
   uint32_t CodePage;
@@ -142,17 +119,6 @@ TEST(CodePages, Utf7IsValidAndKeepsText) {
   EXPECT_EQ(u"\u65E5\u672C", Wide(65000, Narrow(65000, u"\u65E5\u672C").c_str()));
 }
 
-// The units of the bytes from 0x80 on; "<refused>" for an invalid page.
-std::u16string High(uint32_t codePage) {
-  char16_t units[kHighBytes];
-  std::fill(std::begin(units), std::end(units), kPoison);
-  const bool isValid = HighBytesToWide(codePage, units);
-  const std::u16string text(units, std::size(units));
-  if (isValid) return text;
-  EXPECT_EQ(std::u16string(kHighBytes, u'\0'), text);
-  return u"<refused>";
-}
-
 TEST(CodePages, HighByteOfASingleBytePageIsWhatItIsInText) {
   const std::u16string high = High(1251);
   ASSERT_EQ(128u, high.size());
@@ -227,13 +193,6 @@ TEST(CodePages, LeadByteTakesWhatFollows) { EXPECT_EQ(u"\u30FBA", Wide(932, "\x8
 TEST(CodePages, MalformedUtf8IsMarked) {
   EXPECT_EQ(u"A\uFFFDz", Wide(65001, "A\xE9z"));
   EXPECT_EQ("\xEF\xBF\xBD", Narrow(65001, u"\xD800"));
-}
-
-TEST(CodePages, EveryByteOfTheAnsiPageSurvives) {
-  for (int value = 1; value < 256; ++value) {
-    char bytes[2] = {static_cast<char>(value), 0};
-    EXPECT_EQ(bytes, Narrow(1252, Wide(1252, bytes).c_str())) << value;
-  }
 }
 
 TEST(CodePages, EmptyTextIsOneTerminator) {

@@ -12,8 +12,9 @@ namespace {
 
 constexpr char16_t kPoison = 0xBEEF;
 
+char16_t buffer[kFormatBufferUnits];
+
 std::u16string Formatted(const char16_t* format, ...) {
-  static char16_t buffer[kFormatBufferUnits];
   std::fill(std::begin(buffer), std::end(buffer), kPoison);
   va_list arguments;
   va_start(arguments, format);
@@ -50,6 +51,13 @@ TEST(Format, HexadecimalInBothCases) {
 }
 
 TEST(Format, HexadecimalPrefixFollowsTheCase) { EXPECT_FORMAT("0x1f 0X1F", u"%#x %#X", 31U, 31U); }
+
+TEST(Format, HexadecimalPrefixIsCountedByNoWidth) {
+  EXPECT_FORMAT("[    0x1f]", u"[%#6x]", 31U);
+  EXPECT_FORMAT("[0x1f    ]", u"[%-#6x]", 31U);
+  EXPECT_FORMAT("[0X00001F]", u"[%#06X]", 31U);
+  EXPECT_FORMAT("[  0x001f]", u"[%#6.4x]", 31U);
+}
 
 TEST(Format, LongAndShortPrefixesLeaveNumbersAlone) {
   EXPECT_FORMAT("-70000 70000 1170 -70000 70000", u"%ld %lu %lx %hd %hu", -70000, 70000U, 0x1170U,
@@ -127,6 +135,41 @@ TEST(Format, WideCharactersAreKept) {
   EXPECT_EQ(u"\u0416\u4E2D \u0416", Formatted(u"%s %c", u"\u0416\u4E2D", u'\u0416'));
 }
 
+// 0xE9 is the same in page 1252 and in Unicode, 0x80 is the euro sign.
+TEST(Format, NarrowTextIsInTheSystemsPage) {
+  const std::u16string expected = u"\u00E9\u20ACz";
+  EXPECT_EQ(expected, Formatted(u"%S", "\xE9\x80z"));
+  EXPECT_EQ(expected, Formatted(u"%hs", "\xE9\x80z"));
+  EXPECT_EQ(expected, Formatted(u"%hS", "\xE9\x80z"));
+  EXPECT_EQ(u"[ \u00E9\u20AC]", Formatted(u"[%3.2S]", "\xE9\x80z"));
+}
+
+TEST(Format, NarrowCharactersAreInTheSystemsPage) {
+  EXPECT_EQ(u"\u00E9\u20AC", Formatted(u"%C%C", 0xE9, 0x80));
+  EXPECT_EQ(u"\u00E9\u20AC", Formatted(u"%hc%hC", '\xE9', '\x80'));  // sign-extended
+  EXPECT_EQ(u"[  \u20AC]", Formatted(u"[%3C]", 0x80));
+}
+
+TEST(Format, NarrowCharacterIsTheLowByte) { EXPECT_FORMAT("-", u"%C", 0x4E2D); }
+
+TEST(Format, PrecisionReadsNoFurtherThanItShowsOfNarrowText) {
+  const char unterminated[2] = {'\xE9', '\x80'};
+  EXPECT_EQ(u"\u00E9\u20AC", Formatted(u"%.2S", unterminated));
+}
+
+TEST(Format, CharacterOfZeroEndsTheText) {
+  EXPECT_FORMAT("", u"%c", 0);
+  EXPECT_FORMAT("a", u"a%cb", 0);
+  EXPECT_FORMAT("a", u"a%Cb", 0);
+  EXPECT_FORMAT("a  ", u"a%3cb", 0);
+  EXPECT_FORMAT("a", u"a%-3cb", 0);
+}
+
+TEST(Format, WhatFollowsACharacterOfZeroIsWritten) {
+  EXPECT_FORMAT("a", u"a%cb%d", 0, 5);
+  EXPECT_EQ(std::u16string({u'a', 0, u'b', u'5', 0, kPoison}), std::u16string(buffer, 6));
+}
+
 TEST(Format, NullTextIsNamed) {
   EXPECT_FORMAT("(null)", u"%s", static_cast<const char16_t*>(nullptr));
   EXPECT_FORMAT("(null)", u"%S", static_cast<const char*>(nullptr));
@@ -135,6 +178,14 @@ TEST(Format, NullTextIsNamed) {
 TEST(Format, UnknownConversionStandsForItself) {
   EXPECT_FORMAT("q", u"%q");
   EXPECT_FORMAT("f 7", u"%f %d", 7);
+}
+
+TEST(Format, WidthOfAnUnknownConversionPadsOnTheLeftOnly) {
+  EXPECT_FORMAT("[     q]", u"[%5q]");
+  EXPECT_FORMAT("[     q]", u"[%05q]");
+  EXPECT_FORMAT("[   q]", u"[%5.2q]");
+  EXPECT_FORMAT("[q]", u"[%2.5q]");
+  EXPECT_FORMAT("[q]", u"[%-5q]");
 }
 
 TEST(Format, PercentAtTheEndIsNoConversion) { EXPECT_FORMAT("50", u"50%"); }

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/support/TestStore.h"
@@ -100,6 +101,44 @@ TEST_F(KeyStore, ValueNamesKeepTheirFirstSpellingAndAreFoundWithoutCase) {
   Write(key, u"gAP \u0436", "22");
   EXPECT_EQ("22", Read(key, u"GAP \u0416"));
   EXPECT_EQ(Names{u"Gap \u0416"}, Values(key));
+}
+
+// Letters whose upper case has another lower case, such as the dotless i and the final sigma.
+TEST_F(KeyStore, LettersThatUpperCaseWouldTakeForOthersStayThemselves) {
+  constexpr char16_t kPairs[][2] = {
+      {0x00B5, 0x039C}, {0x0131, 0x0049}, {0x017F, 0x0053}, {0x01C5, 0x01C4}, {0x01C8, 0x01C7},
+      {0x01CB, 0x01CA}, {0x01F2, 0x01F1}, {0x0345, 0x0399}, {0x03C2, 0x03A3}, {0x03D0, 0x0392},
+      {0x03D1, 0x0398}, {0x03D5, 0x03A6}, {0x03D6, 0x03A0}, {0x03F0, 0x039A}, {0x03F1, 0x03A1},
+      {0x03F5, 0x0395}, {0x1C80, 0x0412}, {0x1C81, 0x0414}, {0x1C82, 0x041E}, {0x1C83, 0x0421},
+      {0x1C84, 0x0422}, {0x1C85, 0x0422}, {0x1C86, 0x042A}, {0x1C87, 0x0462}, {0x1C88, 0xA64A},
+      {0x1E9B, 0x1E60}, {0x1FBE, 0x0399}};
+  KeyHandle key = Create(u"A");
+  for (const auto& [letter, upper] : kPairs) {
+    const std::u16string name(1, letter);
+    const std::u16string other(1, upper);
+    Create(u"A\\" + name);
+    Write(key, name.c_str(), "x");
+    EXPECT_TRUE(Exists(u"A\\" + name)) << int{letter};
+    EXPECT_FALSE(Exists(u"A\\" + other)) << int{letter};
+    EXPECT_EQ("(none)", Read(key, other.c_str())) << int{letter};
+  }
+  for (const auto& [lower, upper] : {std::pair{u"\u00FF", u"\u0178"},
+                                     {u"\u01C6", u"\u01C4"},
+                                     {u"\u03C3", u"\u03A3"},
+                                     {u"\u0561", u"\u0531"},
+                                     {u"\u1E61", u"\u1E60"},
+                                     {u"\uFF41", u"\uFF21"}}) {
+    Write(key, lower, "y");
+    EXPECT_EQ("y", Read(key, upper));
+  }
+}
+
+TEST_F(KeyStore, OrdinaryAndMissingKeysAreNoLinks) {
+  KeyHandle key = Create(u"A");
+  Create(u"A\\B");
+  Write(Open(u"A\\B", true), u"SymbolicLinkValue", "x");
+  EXPECT_FALSE(IsLink(key, u"B"));
+  EXPECT_FALSE(IsLink(key, u"C"));
 }
 
 TEST_F(KeyStore, SurrogatePairsAreUnitsOfAName) {

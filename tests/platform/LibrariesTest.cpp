@@ -50,6 +50,17 @@ TEST(Libraries, NameAloneIsSearchedForByTheSystem) {
   CloseLibrary(library);
 }
 
+TEST(Libraries, NameAloneIsNotTakenFromTheCurrentFolder) {
+  TempDirectory directory;
+  std::filesystem::copy_file(LibraryPath(), directory.Path("planted.dll"));
+  const std::filesystem::path before = std::filesystem::current_path();
+  std::filesystem::current_path(directory.Path());
+  LibraryHandle library = OpenLibrary(u"planted.dll");
+  std::filesystem::current_path(before);
+  EXPECT_EQ(nullptr, library);
+  CloseLibrary(library);
+}
+
 TEST(Libraries, PathLoadsExactlyThatFile) {
   LibraryHandle library = OpenLibrary(LibraryPath().u16string().c_str());
   ASSERT_NE(nullptr, library);

@@ -19,6 +19,7 @@
 
 #include "platform/KeyStore.h"
 #include "platform/linux/SqliteHive.h"
+#include "tests/platform/SqliteKeyStoreFixture.h"
 #include "tests/support/ChildProcess.h"
 #include "tests/support/TestStore.h"
 
@@ -27,70 +28,6 @@ namespace {
 
 using test::ExitCodeOf;
 using test::Fork;
-
-constexpr char kFile[] = "current_user.db";
-
-int WriteText(const char16_t* path, const char16_t* name, const std::string& data) {
-  KeyHandle key = OpenKey(Hive::kCurrentUser, path, true);
-  int size = WriteValue(key, name, data.data(), static_cast<int>(data.size()), kValueBinary);
-  CloseKey(key);
-  return size;
-}
-
-std::string ReadText(const char16_t* path, const char16_t* name) {
-  char buffer[8192];
-  KeyHandle key = OpenKeyUnchecked(Hive::kCurrentUser, path);
-  int size = ReadValue(key, name, buffer, sizeof(buffer), nullptr);
-  CloseKey(key);
-  return size < 0 ? "(none)" : std::string(buffer, static_cast<size_t>(size));
-}
-
-int CountValues(const char16_t* path) {
-  KeyHandle key = OpenKeyUnchecked(Hive::kCurrentUser, path);
-  int count = -1;
-  QueryKey(key, nullptr, &count);
-  CloseKey(key);
-  return count;
-}
-
-std::u16string NumberName(const char16_t* prefix, int number) {
-  std::u16string name = prefix;
-  for (char digit : std::to_string(number)) name += static_cast<char16_t>(digit);
-  return name;
-}
-
-class SqliteKeyStore : public ::testing::Test {
- protected:
-  std::string FilePath() const { return Store.Files().Path(kFile); }
-  // SQLite's own statement on the file, through a connection of its own. The first column of the
-  // last row.
-  std::string Sql(const std::string& text) const {
-    sqlite3* database = nullptr;
-    std::string result;
-    sqlite3_open(FilePath().c_str(), &database);
-    sqlite3_busy_timeout(database, 10000);
-    char* error = nullptr;
-    sqlite3_exec(
-        database, text.c_str(),
-        [](void* target, int count, char** texts, char**) {
-          if (count > 0) *static_cast<std::string*>(target) = texts[0] ? texts[0] : "";
-          return 0;
-        },
-        &result, &error);
-    if (error) result = error;
-    sqlite3_free(error);
-    sqlite3_close(database);
-    return result;
-  }
-  // Lets go of the connections, so that the test may do as it likes with the files.
-  static void Disconnect() {
-    setenv("OSTVT_STORE_DIR", "/nonexistent", 1);
-    ReadText(u"", u"");
-  }
-  void Reconnect() const { setenv("OSTVT_STORE_DIR", Store.Files().Path().c_str(), 1); }
-
-  test::TestStore Store;
-};
 
 TEST_F(SqliteKeyStore, DirectoryFollowsTheEnvironment) {
   test::TempDirectory other;
@@ -309,7 +246,7 @@ TEST_F(DamagedKeyStore, DatabaseOfAnotherVersionReadsAsEmptyAndTakesNoWrites) {
 }
 
 TEST_F(DamagedKeyStore, NewerAndForeignDatabasesStayByteForByte) {
-  for (const char* text : {"CREATE TABLE keys(a); PRAGMA user_version=2;",
+  for (const char* text : {"CREATE TABLE keys(a); PRAGMA user_version=3;",
                            "CREATE TABLE other(a); INSERT INTO other VALUES(1);"}) {
     std::filesystem::remove(FilePath());
     Sql(text);

@@ -144,6 +144,19 @@ TEST_F(DevModeMerge, FormNameNeeds103PublicBytes) {
   EXPECT_EQ(0x10000u, Probe.Fields);
 }
 
+TEST_F(DevModeMerge, FormNameNeeds103PublicBytesOfTheTargetToo) {
+  Source.Put(kFields, 4, 0x10000);
+  Source.PutWide(102, u"Shelf");
+  for (const uint32_t size : {102u, 103u}) {
+    TestBlock target(std::vector<uint8_t>(Target.Data(), Target.Data() + size));
+    target.Put(kSize, 2, size);
+    target.Put(kExtra, 2, 0);
+    target.Put(kFields, 4, 0xE);
+    DevMode(target.Data(), size).Merge(DevMode(Source.Data(), 1516), Model(), &Probe);
+    EXPECT_EQ(size == 102 ? 0xEu : 0x10000u, Probe.Fields) << size;
+  }
+}
+
 TEST_F(DevModeMerge, PartOfAFormNameIsTakenAndTheRestIsZero) {
   Source.Put(kFields, 4, 0x10000);
   Source.PutWide(102, u"Shelf");
@@ -281,6 +294,22 @@ TEST_F(DevModeMerge, IcmFieldsNeedTheirBytes) {
   EXPECT_EQ(4u, Target.Get(192, 4));
 }
 
+TEST_F(DevModeMerge, IcmFieldsNeedTheirBytesInTheTargetToo) {
+  Source.Put(kFields, 4, 0x1800000);
+  Source.Put(188, 4, 3);
+  Source.Put(192, 4, 4);
+  for (const uint32_t size : {192u, 196u}) {
+    TestBlock target(std::vector<uint8_t>(Target.Data(), Target.Data() + size));
+    target.Put(kSize, 2, size);
+    target.Put(kExtra, 2, 0);
+    DevMode(target.Data(), size).Merge(DevMode(Source.Data(), 1516), Model(), &Probe);
+    EXPECT_EQ(3u, target.Get(188, 4)) << size;
+    if (size == 196) {
+      EXPECT_EQ(4u, target.Get(192, 4));
+    }
+  }
+}
+
 TEST_F(DevModeMerge, IcmFieldsAreTakenWhenDeclared) {
   Source.Put(188, 4, 3);
   Source.Put(192, 4, 4);
@@ -321,6 +350,16 @@ TEST_F(DevModeMerge, ShorterHalftoneIsTakenInPartAndNeverShrinksTheTarget) {
   Source.Put(kHalftone + 12, 4, 88);
   Merge();
   EXPECT_EQ(164u, Target.Get(kHalftone, 2));
+  EXPECT_EQ(77u, Target.Get(kHalftone + 8, 4));
+  EXPECT_EQ(5u, Target.Get(kHalftone + 12, 4));
+}
+
+TEST_F(DevModeMerge, ShorterHalftoneOfTheTargetIsFilledNoFurther) {
+  Target.Put(kHalftone, 2, 12);
+  Source.Put(kHalftone + 8, 4, 77);
+  Source.Put(kHalftone + 12, 4, 88);
+  Merge();
+  EXPECT_EQ(12u, Target.Get(kHalftone, 2));
   EXPECT_EQ(77u, Target.Get(kHalftone + 8, 4));
   EXPECT_EQ(5u, Target.Get(kHalftone + 12, 4));
 }

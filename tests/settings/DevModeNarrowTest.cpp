@@ -121,9 +121,10 @@ TEST_F(DevModeNarrow, ExportCarriesEachFieldBack) {
   devMode.ImportNarrow(Narrow.Data(), 1280);
   TestBlock result(1280);
   for (uint32_t offset : {36u, 38u}) result.Put(offset, 2, Narrow.Get(offset, 2));
+  for (uint32_t offset = 70; offset < 102; ++offset) result.Put(offset, 1, 0xDD);
   devMode.ExportNarrow(result.Data(), 1280);
   EXPECT_EQ("", Difference(Narrow.Data() + 40, result.Data() + 40, 30));
-  EXPECT_EQ(0u, result.Get(70, 4));
+  for (uint32_t offset = 70; offset < 102; ++offset) EXPECT_EQ(0u, result.Get(offset, 1));
   EXPECT_EQ("", Difference(Narrow.Data() + 102, result.Data() + 102, 46));
   // No trailer there, so no record.
   EXPECT_EQ(0u, result.Get(kNarrowRecord + 1112, 4));

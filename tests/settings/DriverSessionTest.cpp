@@ -484,7 +484,16 @@ TEST_F(DriverSessionTest, UserOfTheRequiredLevelIsNotLockedOut) {
   EXPECT_TRUE(second.IsLocked());
 }
 
-TEST_F(DriverSessionTest, TruncatedStoredDevModeIsTakenAsFarAsItGoes) {
+TEST_F(DriverSessionTest, SaveTellsWhetherTheStoreTookIt) {
+  DriverSession session;
+  session.Initialize(Handle, nullptr, 0);
+  EXPECT_TRUE(session.Save());
+  EXPECT_TRUE(session.Save());  // nothing to write is no failure
+  session.Model->GetStore().PrinterName = std::string(300, 'x').c_str();  // no key is named so
+  EXPECT_FALSE(session.Save());
+}
+
+TEST_F(DriverSessionTest, StoredDevModeWithoutAPrivatePartIsTakenAsFarAsItGoes) {
   DevMode devMode;
   devMode.AllocateDefaults(Model());
   devMode.SetCopies(7);

@@ -126,6 +126,26 @@ TEST_F(ORegistryStore, EmptyStringIsAValue) {
   EXPECT_EQ("default", Text(Registry.ReadString(At("W"), "default")));
 }
 
+// It would be stored as an empty one.
+TEST_F(ORegistryStore, TextOfAPageThatIsNoneIsNotStored) {
+  OString lost;
+  lost.SetCodePage(9999);
+  lost = "x";
+  Registry.WriteString(At("V"), "kept");
+  EXPECT_FALSE(Registry.WriteString(At("V"), lost));
+  EXPECT_FALSE(Registry.WriteString(At("W"), lost));
+  EXPECT_EQ("kept", Text(Registry.ReadString(At("V"), "")));
+  EXPECT_EQ("(none)", Stored(u"W"));
+
+  OStringArray array;
+  array.Add("a");
+  EXPECT_TRUE(Registry.WriteMultiString(At("M"), array));
+  array.Add(lost);
+  array.Add("b");
+  EXPECT_FALSE(Registry.WriteMultiString(At("M"), array));
+  EXPECT_EQ("7:610000000000", Stored(u"M"));
+}
+
 TEST_F(ORegistryStore, StringOf4096CharactersOrMoreReadsAsTheDefault) {
   std::string text(4095, 'x');
   EXPECT_TRUE(Registry.WriteString(At("V"), text.c_str()));

@@ -113,6 +113,10 @@ TEST_F(PrinterRegistryTest, UnknownPrinterReachesNoKeyOfAllPrinters) {
   EXPECT_EQ(0, registry.ReadByte("USER:Printers/[PRINTER]/Shadow Blocked", 0));
   EXPECT_FALSE(registry.WriteByte("USER:Printers/[PRINTER]/Shadow Blocked", 2));
   EXPECT_FALSE(registry.Delete("USER:Printers/[PRINTER]", true));
+  EXPECT_FALSE(registry.Delete("USER:Printers/[PRINTER]/", true));
+  EXPECT_FALSE(registry.GetKeyInfo("USER:Printers/[PRINTER]", nullptr, nullptr));
+  EXPECT_FALSE(registry.GetKeyInfo("USER:Printers/[PRINTER]/", nullptr, nullptr));
+  EXPECT_TRUE(registry.GetKeyInfo("USER:Printers/", nullptr, nullptr));
   EXPECT_EQ(1, ORegistry().ReadByte("USER:Printers/Shadow Blocked", 0));
   ORegistry().Delete("USER:Printers/Shadow Blocked", false);
 }

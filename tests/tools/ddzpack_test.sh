@@ -189,6 +189,9 @@ mistake "unknown symbology" ost/BarCode.d '[B]\nCode40=Yes\n' 2 "Code40: nobody 
 mistake "option with several meanings alone" ost/BarCode.d '[B]\nMode=Auto\n' 2 "Mode: nobody reads this key of BarCode.d"
 mistake "words differ by symbology" ost/BarCode.d '[B]\nQRCode.Mode=Auto\nMaxiCode.Mode=Auto\n' 3 \
   'MaxiCode.Mode: "Auto" is none of: 2 3 4 5 6'
+mistake "own option alone" ost/BarCode.d '[B]\nFullASCII=Yes\n' 2 "FullASCII: nobody reads this key of BarCode.d"
+mistake "option of other symbologies" ost/BarCode.d '[B]\nEAN-8.SplitDigit=None\n' 2 "EAN-8.SplitDigit: nobody reads this key of BarCode.d"
+mistake "extension in upper case" ost/Extra.D '[F]\nRubbish=1\n' 1 "a definition file's name ends in \".d\", in lower case"
 good "option alone, with prefix, with prefix and maker" ost/BarCode.d '[B]\nHR=On\nEAN-8.HR=Off\nEAN-8.HR(VT)=On,Off\n'
 mistake "types of another tag" ost/RFID.d '[R]\nEPC.Types=Class2\n' 2 'EPC.Types: "Class2" is none of: Class1 Class0+ Class0'
 mistake "tag without types" ost/RFID.d '[R]\nTagIt.Types=Class1\n' 2 "TagIt.Types: nobody reads this key of RFID.d"
@@ -260,7 +263,7 @@ check "unused keys: no used one" bash -c "! grep -qx 'Model: Stock.Tracking' '$w
 run --help
 check "--help succeeds" exits 0
 check "--help speaks on the standard output" grep -q "^Usage: ddzpack" "$work/stdout"
-for arguments in "" "--out $work/x" "$work/t/base" "--out" "--frob $work/t/base" "--check --maker v $work/t/base" \
+for arguments in "" "--out $work/x" "$work/t/base" "--out" "--frob $work/t/base" "--check --maker v $work/t/base" "--check --maker VT $work/t/base" "--check --maker a/ $work/t/base" \
   "--check --time 2026-13-01_00:00:00 $work/t/base"; do
   run $arguments
   check "usage error '$arguments': exit status" exits 2

@@ -196,22 +196,27 @@ constexpr uint64_t Rows(Numbers... numbers) {
   return ((uint64_t{1} << numbers) | ...);
 }
 
+// These hold by their names alone too, for every symbology that sets them not.
+constexpr bool kAlone = true;
+
 constexpr PrefixedKey kBarCodeOptions[] = {
-    {{"Color", kBool}, kAllPrefixes},
+    {{"Color", kBool}, kAllPrefixes, kAlone},
     {{"RestrictedMethods", kExactList, "Serialization VariableData Static TemplateFile"},
-     kAllPrefixes},
+     kAllPrefixes,
+     kAlone},
     {{"Ratio", kExactList, "Variable 2:1 11:5 9:4 7:3 12:5 5:2 13:5 8:3 11:4 14:5 3:1"},
-     Rows(0, 2, 4, 5, 6, 24)},
-    {{"HR", kExactList, "On Off"}, kAllPrefixes},
-    {{"HR.Offset", kExactList, "Vertical Horizontal"}, kAllPrefixes},
-    {{"HR.Placement", kExactList, "Above Below"}, kAllPrefixes},
-    {{"HR.Alignment", kExactList, "Left Right Center Bar"}, kAllPrefixes},
-    {{"HR.CheckDigit", kExactList, "Show Hide"}, kAllPrefixes},
-    {{"HR.StartStop", kExactList, "Show Hide"}, kAllPrefixes},
-    {{"HR.Font.Select", kBool}, kAllPrefixes},
-    {{"HR.Font.Name", kText, "", kHrFontRoom}, kAllPrefixes},
-    {{"HR.Font.Size", kNumber, "", kLimit16}, kAllPrefixes},
-    {{"HR.Font.Weight", kNumber, "", kLimit16}, kAllPrefixes},
+     Rows(0, 2, 4, 5, 6, 24),
+     kAlone},
+    {{"HR", kExactList, "On Off"}, kAllPrefixes, kAlone},
+    {{"HR.Offset", kExactList, "Vertical Horizontal"}, kAllPrefixes, kAlone},
+    {{"HR.Placement", kExactList, "Above Below"}, kAllPrefixes, kAlone},
+    {{"HR.Alignment", kExactList, "Left Right Center Bar"}, kAllPrefixes, kAlone},
+    {{"HR.CheckDigit", kExactList, "Show Hide"}, kAllPrefixes, kAlone},
+    {{"HR.StartStop", kExactList, "Show Hide"}, kAllPrefixes, kAlone},
+    {{"HR.Font.Select", kBool}, kAllPrefixes, kAlone},
+    {{"HR.Font.Name", kText, "", kHrFontRoom}, kAllPrefixes, kAlone},
+    {{"HR.Font.Size", kNumber, "", kLimit16}, kAllPrefixes, kAlone},
+    {{"HR.Font.Weight", kNumber, "", kLimit16}, kAllPrefixes, kAlone},
     {{"HR.Translation", kExactList, "On Off"}, Rows(0, 1)},
     {{"FullASCII", kBool}, Rows(0, 1, 2)},
     {{"StartStop.Required", kBool}, Rows(0, 1, 4)},
@@ -222,7 +227,7 @@ constexpr PrefixedKey kBarCodeOptions[] = {
     {{"NumberSystem", kExactList, "0 1"}, Rows(7, 8)},
     {{"GuardBar.Variable", kBool}, Rows(7, 8, 9, 10)},
     {{"GuardBar.WithoutHR", kBool}, Rows(7, 8, 9, 10)},
-    {{"SplitDigit", kExactList, "Full Small None"}, Rows(7, 8, 9, 10)},
+    {{"SplitDigit", kExactList, "Full Small None"}, Rows(7, 8)},
     {{"Attached", kExactList, "1 2 3 4 5"}, Rows(11, 12)},
     {{"Truncated", kBool}, Rows(15)},
     {{"CorrectionLevel", kExactList, "Auto"}, Rows(15)},
@@ -298,7 +303,7 @@ std::span<const KnownFile> KnownFiles() {
       {"Manufacturer", kManufacturer},
       {"OEM", kOem},
       {"Model", kModel},
-      {"BarCode", {}, SymbologyNames(), kBarCodeOptions, true},
+      {"BarCode", {}, SymbologyNames(), kBarCodeOptions},
       {"Drawing", kDrawing},
       {"Features", kFeatures},
       {"Font", kFont},
@@ -335,15 +340,10 @@ const KnownKey* FindKnownKey(const KnownFile& file, std::string_view key) {
       if (word == option.Key.Name && (option.Prefixes >> row & 1) != 0) return &option.Key;
     }
   }
-  if (!file.OptionsAlone) return nullptr;
-  // A name with several meanings needs its prefix.
-  const KnownKey* found = nullptr;
   for (const PrefixedKey& option : file.Options) {
-    if (key != option.Key.Name) continue;
-    if (found) return nullptr;
-    found = &option.Key;
+    if (option.StandsAlone && key == option.Key.Name) return &option.Key;
   }
-  return found;
+  return nullptr;
 }
 
 std::string_view WithoutMakerCode(std::string_view key) {

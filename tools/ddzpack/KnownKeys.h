@@ -37,6 +37,7 @@ struct KnownKey {
 struct PrefixedKey {
   KnownKey Key;
   uint64_t Prefixes;
+  bool StandsAlone = false;  // "NAME" holds for every prefix that does not set it
 };
 
 struct KnownFile {
@@ -45,8 +46,6 @@ struct KnownFile {
   // Things of which a model has some, each switched on by a boolean of its name.
   std::span<const char* const> Prefixes = {};
   std::span<const PrefixedKey> Options = {};
-  // An option's name alone holds for every prefix that does not set it.
-  bool OptionsAlone = false;
 };
 
 inline constexpr uint64_t kAllPrefixes = ~uint64_t{0};

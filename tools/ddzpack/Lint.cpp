@@ -29,7 +29,14 @@ using Definitions = std::map<std::string, Definition>;  // by name without exten
 Definitions ReadDefinitions(const std::vector<SourceFile>& files, std::vector<Problem>* problems) {
   Definitions definitions;
   for (const SourceFile& file : files) {
-    if (!file.Name.ends_with(kExtension)) continue;
+    if (!file.Name.ends_with(kExtension)) {
+      // The driver's look-up folds case.
+      if (file.Name.ends_with(".D")) {
+        problems->push_back(
+            {file.Path, 1, "a definition file's name ends in \".d\", in lower case"});
+      }
+      continue;
+    }
     const std::string name = file.Name.substr(0, file.Name.size() - kExtension.size());
     definitions[name] = {&file, ReadDefinition(file.Path, file.Data, problems)};
   }

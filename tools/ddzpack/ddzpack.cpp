@@ -1,6 +1,7 @@
 // Makes the driver's `.ddz` archives from folders of definition files, and checks these.
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -32,7 +33,7 @@ constexpr const char* kHelp =
     "  --check        only check\n"
     "  --unused       only list the keys and the words of lists that the driver reads and that\n"
     "                 no file sets\n"
-    "  --maker XX     two letters that begin the archives' names (vt)\n"
+    "  --maker XX     two small letters that begin the archives' names (vt)\n"
     "  --time TIME    \"YYYY-MM-DD HH:MM:SS\", the members' time (2026-01-01 00:00:00)\n"
     "  --help         this text\n"
     "\n"
@@ -47,6 +48,12 @@ struct Options {
   bool CheckOnly = false;
   bool ListUnused = false;
 };
+
+// As the driver folds the letters of its data file's name.
+bool IsMaker(const std::string& maker) {
+  return maker.size() == 2 &&
+         std::all_of(maker.begin(), maker.end(), [](char c) { return c >= 'a' && c <= 'z'; });
+}
 
 int UsageError(const std::string& text) {
   std::fprintf(stderr, "ddzpack: %s\nTry 'ddzpack --help'.\n", text.c_str());
@@ -88,8 +95,8 @@ bool ParseOptions(int count, char** arguments, Options* options, int* exitCode) 
     *exitCode = UsageError("no folder given");
   } else if (options->Out.empty() && !options->CheckOnly && !options->ListUnused) {
     *exitCode = UsageError("--out is missing");
-  } else if (options->Maker.size() != 2) {
-    *exitCode = UsageError("--maker takes two letters");
+  } else if (!IsMaker(options->Maker)) {
+    *exitCode = UsageError("--maker takes two letters, in lower case");
   } else {
     return true;
   }

@@ -10,7 +10,6 @@
 namespace vtdal {
 namespace {
 
-using ostvt::DriverSession;
 using ostvt::ImportResult;
 
 constexpr const char* kHelp =
@@ -126,14 +125,6 @@ int Export(const Arguments& arguments, uint32_t sections) {
   return kDone;
 }
 
-// A list that the store refused is as changed as before Save.
-bool IsSaved(const DriverSession& session) {
-  return !(session.StockLoaded && session.Stock.HasChanged()) &&
-         !(session.PresetsLoaded && session.Presets.HasChanged()) &&
-         !session.DataFonts.HasChanged() && !session.FontMappings.HasChanged() &&
-         !session.OptionalFonts.HasChanged();
-}
-
 int Import(const Arguments& arguments, uint32_t sections) {
   const std::u16string& path = arguments.Words()[2];
   if (!ostvt::OFile::FileExists(path.c_str())) {
@@ -149,8 +140,7 @@ int Import(const Arguments& arguments, uint32_t sections) {
                "'");
     return kFailed;
   }
-  session->Save();
-  if (!IsSaved(*session.Get())) {
+  if (!session->Save()) {
     PrintError("the store doesn't take all of it");
     return kFailed;
   }

@@ -1,5 +1,5 @@
 ! The bar codes that the printer makes by itself. A symbology's name switches it on; NAME.WORD is one of
-! its options, and WORD alone holds for every symbology that has none of its own.
+! its options. One of these WORDs alone holds for every symbology that has none of its own.
 !
 ! Color               bars can be coloured
 ! RestrictedMethods   ways of printing in which it can't be used: Serialization, VariableData, Static,
@@ -66,13 +66,11 @@ EAN-13=Yes
 EAN-13.CheckDigit.Required=Yes
 EAN-13.GuardBar.Variable=No
 EAN-13.GuardBar.WithoutHR=Yes
-EAN-13.SplitDigit=Full
 EAN-13.HR.Alignment=Bar
 EAN-8=Yes
 EAN-8.CheckDigit.Required=Yes
 EAN-8.GuardBar.Variable=No
 EAN-8.GuardBar.WithoutHR=Yes
-EAN-8.SplitDigit=None
 EAN-8.HR.Alignment=Bar
 
 ! The supplements; Attached numbers the ways in which one can follow its bar code.
@@ -97,6 +95,7 @@ QRCode.StructuredAppend=No
 
 ! The mobile printers choose shape and mask of a code themselves.
 [Mobile]
+UPC-A.SplitDigit=None
 MSI=No
 DataMatrix=Yes
 DataMatrix.HR=Off

@@ -10,11 +10,11 @@ ChannelWindow FindChannel(const char* name) {
 }
 
 void SendToChannel(ChannelWindow window, uint32_t message) {
-  if (channelFunctions) channelFunctions->Send(window, message);
+  if (window && channelFunctions) channelFunctions->Send(window, message);
 }
 
 void PostToChannel(ChannelWindow window, uint32_t message, uintptr_t value) {
-  if (channelFunctions) channelFunctions->Post(window, message, value);
+  if (window && channelFunctions) channelFunctions->Post(window, message, value);
 }
 
 void SetChannelFunctions(const ChannelFunctions* functions) { channelFunctions = functions; }

@@ -1,4 +1,4 @@
-// Code pages through ICU.
+// Code pages through ICU, with Windows' characters where its tables have others.
 #include "platform/CodePages.h"
 
 #include <stdlib.h>
@@ -8,6 +8,7 @@
 #include <iterator>
 #include <type_traits>
 
+#include "platform/linux/CodePagePatches.h"
 #include "platform/linux/IcuConverter.h"
 #include "platform/linux/Johab.h"
 
@@ -33,7 +34,9 @@ struct Page {
   const char* Converter;
 };
 
-// Ascending. Where two vendors' tables bear one number, the converter is Windows' own.
+// Ascending. The converters come closest to Windows' tables; where they differ in what a byte is,
+// CodePagePatches has Windows' character. For characters that a page lacks, ICU has other near
+// misses than Windows.
 constexpr Page kPages[] = {
     {437, "ibm-437"},          {720, "ibm-720"},       {737, "ibm-737"},
     {775, "ibm-775"},          {850, "ibm-850"},       {852, "ibm-852"},
@@ -114,6 +117,7 @@ char16_t Undefined(uint32_t codePage) {
     case 949:
     case 950:
     case kJohab:
+    case 20127:
       return u'?';
     default:
       return 0xFFFD;
@@ -136,6 +140,7 @@ int CopyIfAscii(const Source* source, Target* target, int capacity) {
 template <typename Converter>
 int DecodeByCharacter(Converter& converter, uint32_t codePage, const char* source, char16_t* target,
                       int capacity) {
+  const CodePagePatches patches(codePage);
   for (int written = 0; written < capacity;) {
     auto first = static_cast<uint8_t>(*source);
     char16_t units[2] = {first};
@@ -144,7 +149,8 @@ int DecodeByCharacter(Converter& converter, uint32_t codePage, const char* sourc
     if (first >= 0x80) {
       // A lead byte takes what follows, whether the pair is defined or not.
       if (IsLead(codePage, first) && source[1]) size = 2;
-      count = converter.ToWide(source, size, units);
+      count = patches.ToWide(source, size, units);
+      if (count == 0) count = converter.ToWide(source, size, units);
       if (count == 0) {
         units[0] = Undefined(codePage);
         count = 1;
@@ -159,15 +165,25 @@ int DecodeByCharacter(Converter& converter, uint32_t codePage, const char* sourc
   return 0;
 }
 
+// ICU has DOS' lines and signs among the controls of this page, where they would not come back.
+bool IsFalseControl(uint32_t codePage, char16_t unit, char narrow) {
+  auto byte = static_cast<uint8_t>(narrow);
+  return codePage == 28592 && unit >= 0xA0 && (byte < 0x20 || (byte >= 0x80 && byte < 0xA0));
+}
+
 // Each unit that the page lacks becomes "?", so a surrogate pair becomes two.
 template <typename Converter>
-int EncodeByCharacter(Converter& converter, const char16_t* source, char* target, int capacity) {
+int EncodeByCharacter(Converter& converter, uint32_t codePage, const char16_t* source, char* target,
+                      int capacity) {
+  const CodePagePatches patches(codePage);
   for (int written = 0; written < capacity; ++source) {
     char16_t unit = *source;
     char bytes[4] = {static_cast<char>(unit)};
     size_t count = 1;
     if (unit >= 0x80) {
-      count = converter.ToNarrow(unit, bytes);
+      count = patches.ToNarrow(unit, bytes);
+      if (count == 0) count = converter.ToNarrow(unit, bytes);
+      if (count == 1 && IsFalseControl(codePage, unit, bytes[0])) count = 0;
       if (count == 0) {
         bytes[0] = '?';
         count = 1;
@@ -181,15 +197,18 @@ int EncodeByCharacter(Converter& converter, const char16_t* source, char* target
   return 0;
 }
 
-// ICU's tables put bytes that a page leaves open there, so that they can be turned back.
+// Tables put bytes that a page leaves open there, so that they can be turned back.
 bool IsPrivateUse(char16_t unit) { return unit >= 0xE000 && unit <= 0xF8FF; }
 
 template <typename Converter>
-void DecodeHighBytes(Converter& converter, char16_t (&units)[kHighBytes]) {
+void DecodeHighBytes(Converter& converter, uint32_t codePage, char16_t (&units)[kHighBytes]) {
+  const CodePagePatches patches(codePage);
   for (int i = 0; i < kHighBytes; ++i) {
     const char byte = static_cast<char>(kFirstHighByte + static_cast<uint32_t>(i));
     char16_t wide[2];
-    if (converter.ToWide(&byte, 1, wide) == 1 && !IsPrivateUse(wide[0])) units[i] = wide[0];
+    size_t count = patches.ToWide(&byte, 1, wide);
+    if (count == 0) count = converter.ToWide(&byte, 1, wide);
+    if (count == 1 && !IsPrivateUse(wide[0])) units[i] = wide[0];
   }
 }
 
@@ -256,7 +275,7 @@ int WideToNarrow(uint32_t codePage, const char16_t* source, char* target, int ca
   if (codePage == kSymbol) return WideToSymbol(source, target, capacity);
   if (codePage == kJohab) {
     Johab johab;
-    return johab.IsOpen() ? EncodeByCharacter(johab, source, target, capacity) : 0;
+    return johab.IsOpen() ? EncodeByCharacter(johab, codePage, source, target, capacity) : 0;
   }
   const char* name = ConverterName(codePage);
   if (!name) return 0;
@@ -267,7 +286,7 @@ int WideToNarrow(uint32_t codePage, const char16_t* source, char* target, int ca
   IcuConverter converter(name);
   if (!converter.IsOpen()) return 0;
   return IsUnicode(codePage) ? converter.TextToNarrow(source, target, capacity)
-                             : EncodeByCharacter(converter, source, target, capacity);
+                             : EncodeByCharacter(converter, codePage, source, target, capacity);
 }
 
 bool HighBytesToWide(uint32_t codePage, char16_t (&units)[kHighBytes]) {
@@ -275,10 +294,10 @@ bool HighBytesToWide(uint32_t codePage, char16_t (&units)[kHighBytes]) {
   if (!IsValidCodePage(codePage)) return false;
   if (codePage == kJohab) {
     Johab johab;
-    DecodeHighBytes(johab, units);
+    DecodeHighBytes(johab, codePage, units);
   } else if (!IsUnicode(codePage)) {
     IcuConverter converter(ConverterName(codePage));
-    DecodeHighBytes(converter, units);
+    DecodeHighBytes(converter, codePage, units);
   }
   return true;
 }

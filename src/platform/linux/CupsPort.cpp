@@ -95,11 +95,12 @@ class CupsPort : public PortWriter {
   CupsPort(LibraryHandle library, const std::string& resource)
       : Cups(library), Resource(resource), QueueUri("ipp://localhost" + resource) {}
   ~CupsPort() override {
-    if (!Server) return;
-    // To ask for the answer would end the document, and what there is of it would be printed.
-    Cups.Close(Server);
-    if (JobId > 0 && !Finished) CancelJob();
-    Cups.SetPasswordFunction(nullptr, nullptr);
+    if (Server) {
+      // To ask for the answer would end the document, and what there is of it would be printed.
+      Cups.Close(Server);
+      if (JobId > 0 && !Finished) CancelJob();
+    }
+    if (Cups.IsWhole) Cups.SetPasswordFunction(nullptr, nullptr);
   }
   CupsPort(const CupsPort&) = delete;
   CupsPort& operator=(const CupsPort&) = delete;

@@ -3,7 +3,10 @@
 #include <cstdint>
 
 #include <algorithm>
+#include <iterator>
 #include <string_view>
+
+#include "platform/CodePages.h"
 
 namespace ostvt::platform {
 namespace {
@@ -77,7 +80,7 @@ class Output {
   }
   int End() {
     Target[Length] = 0;
-    return Length;
+    return static_cast<int>(std::u16string_view(Target).size());
   }
 
  private:
@@ -117,17 +120,40 @@ void PutWideText(Output* out, const Conversion& conversion, const char16_t* text
   PutPadded(out, conversion, Measured(text, conversion.Precision));
 }
 
-void PutNarrowText(Output* out, const Conversion& conversion, const char* text) {
-  if (!text) text = "(null)";
-  char16_t wide[kFormatBufferUnits + 1];
-  auto bytes = Measured(text, conversion.Precision);
-  size_t length = 0;
-  for (char byte : bytes) wide[length++] = static_cast<uint8_t>(byte);
-  PutPadded(out, conversion, std::u16string_view(wide, length));
+char16_t Widened(char character) {
+  const char text[] = {character, 0};
+  char16_t units[4] = {};
+  NarrowToWide(0, text, units, std::size(units));
+  return units[0];
 }
 
+// The bytes of the first `limit` characters of the system's page; no more is read.
+std::string_view MeasuredCharacters(const char* text, size_t limit) {
+  char16_t alone[kHighBytes];
+  HighBytesToWide(AnsiCodePage(), alone);
+  size_t length = 0;
+  for (; limit > 0 && text[length]; --limit) {
+    auto byte = static_cast<uint8_t>(text[length++]);
+    // A byte that is nothing by itself takes the next one with it.
+    if (byte >= kFirstHighByte && !alone[byte - kFirstHighByte] && text[length]) ++length;
+  }
+  return std::string_view(text, length);
+}
+
+void PutNarrowText(Output* out, const Conversion& conversion, const char* text) {
+  if (!text) text = "(null)";
+  size_t limit = conversion.Precision == 0 ? kFormatBufferUnits : conversion.Precision;
+  char bytes[2 * kFormatBufferUnits + 1];
+  auto shown = MeasuredCharacters(text, limit);
+  bytes[shown.copy(bytes, std::size(bytes) - 1)] = 0;
+  char16_t wide[std::size(bytes)] = {};
+  NarrowToWide(0, bytes, wide, std::size(wide));
+  PutPadded(out, conversion, wide);
+}
+
+// Neither width nor precision counts the prefix.
 void PutNumber(Output* out, const Conversion& conversion, std::u16string_view digits,
-               std::u16string_view sign) {
+               std::u16string_view sign, std::u16string_view prefix = u"") {
   size_t size = sign.size() + digits.size();
   size_t zeros = conversion.Precision > size ? conversion.Precision - size : 0;
   if (conversion.ZeroPad && !conversion.LeftAlign && conversion.Width > size + zeros) {
@@ -135,6 +161,7 @@ void PutNumber(Output* out, const Conversion& conversion, std::u16string_view di
   }
   size_t padding = conversion.Width > size + zeros ? conversion.Width - size - zeros : 0;
   if (!conversion.LeftAlign) out->Repeat(padding, u' ');
+  out->Put(prefix);
   out->Put(sign);
   out->Repeat(zeros, u'0');
   out->Put(digits);
@@ -168,7 +195,7 @@ int FormatWide(char16_t (&buffer)[kFormatBufferUnits], const char16_t* format, v
                       (kind == u'C' && conversion.Operand != Size::kLong);
         int character = va_arg(values, int);
         char16_t shown =
-            narrow ? static_cast<uint8_t>(character) : static_cast<char16_t>(character);
+            narrow ? Widened(static_cast<char>(character)) : static_cast<char16_t>(character);
         PutPadded(&out, conversion, std::u16string_view(&shown, 1));
         break;
       }
@@ -206,11 +233,15 @@ int FormatWide(char16_t (&buffer)[kFormatBufferUnits], const char16_t* format, v
       case u'X': {
         bool upper = kind != u'x';
         std::u16string_view prefix = !conversion.Prefix ? u"" : upper ? u"0X" : u"0x";
-        PutNumber(&out, conversion, Digits(number(), 16, upper, room), prefix);
+        PutNumber(&out, conversion, Digits(number(), 16, upper, room), u"", prefix);
         break;
       }
       default:
-        // No conversion: the sign stands for itself, without its "%".
+        // No conversion: the sign stands for itself, without its "%" and behind the padding of a
+        // text as long as the precision.
+        if (!conversion.LeftAlign && conversion.Width > conversion.Precision) {
+          out.Repeat(conversion.Width - conversion.Precision, u' ');
+        }
         --format;
         break;
     }

@@ -22,9 +22,10 @@ KeyStoreTransaction::KeyStoreTransaction(Hive hive, Purpose purpose) {
   const bool writes = purpose == Purpose::kWrite;
   auto* held = new (std::nothrow) HeldHive(hive, writes);
   HiveFile* file = held ? held->Use.File() : nullptr;
-  if (file) {
+  if (file && (!writes || file->TakesWrites())) {
     held->IsPart = file->InTransaction();
     if (held->IsPart || HiveQuery(file, writes ? Query::kBegin : Query::kBeginRead).Run()) {
+      if (writes && !held->IsPart) file->Claim(true);
       State = held;
       return;
     }
@@ -35,9 +36,10 @@ KeyStoreTransaction::KeyStoreTransaction(Hive hive, Purpose purpose) {
 KeyStoreTransaction::~KeyStoreTransaction() {
   HeldHive* held = AsHeld(State);
   if (!held) return;
-  // A failure inside may have ended it already.
-  if (!held->IsPart && held->Use.File()->InTransaction()) {
-    HiveQuery(held->Use.File(), Query::kRollback).Run();
+  if (!held->IsPart) {
+    // A failure inside may have ended it already.
+    if (held->Use.File()->InTransaction()) HiveQuery(held->Use.File(), Query::kRollback).Run();
+    held->Use.File()->Claim(false);
   }
   delete held;
 }
@@ -47,7 +49,10 @@ bool KeyStoreTransaction::CanRollBack() const { return IsOpen(); }
 bool KeyStoreTransaction::Commit() {
   HeldHive* held = AsHeld(State);
   if (!held || !held->Use.File()->InTransaction()) return false;
-  return held->IsPart || HiveQuery(held->Use.File(), Query::kCommit).Run();
+  if (held->IsPart) return true;
+  if (!HiveQuery(held->Use.File(), Query::kCommit).Run()) return false;
+  held->Use.File()->Claim(false);
+  return true;
 }
 
 }  // namespace ostvt::platform

@@ -163,7 +163,7 @@ struct HiveCache {
   }
   bool InTransaction() const {
     for (const HiveFile& file : Files) {
-      if (file.InTransaction()) return true;
+      if (file.InTransaction() || file.HasLostTransaction()) return true;
     }
     return false;
   }
@@ -312,6 +312,7 @@ void HiveFile::Close() {
   sqlite3_close(Database);
   Database = nullptr;
   Immutable = false;
+  Claimed = false;
 }
 
 bool HiveFile::IsStale() {
@@ -319,6 +320,7 @@ bool HiveFile::IsStale() {
   int64_t now = Milliseconds();
   if (now - LookedAt < kLookMilliseconds) return false;
   LookedAt = now;
+  if (!TakesWrites() && access(Path.c_str(), W_OK) == 0) return true;
   int moved = 0;
   return sqlite3_file_control(Database, "main", SQLITE_FCNTL_HAS_MOVED, &moved) == SQLITE_OK &&
          moved != 0;
@@ -335,6 +337,7 @@ sqlite3_stmt* HiveFile::Prepare(Query query) {
 HiveUse::HiveUse(Hive hive, bool create) : Guard(TheCache().Access) {
   HiveCache& cache = TheCache();
   HiveFile& file = cache.Files[static_cast<int>(hive)];
+  if (file.HasLostTransaction()) return;
   // What closes a connection ends its transaction too.
   if (!cache.InTransaction()) {
     const char* directory = Environment("OSTVT_STORE_DIR");

@@ -59,13 +59,20 @@ class HiveFile {
   bool Open(const std::string& directory, Hive hive, bool create);
   void Close();
   bool IsOpen() const { return Database != nullptr; }
-  // The file has been replaced or removed since (which is looked at now and then only), or is one
-  // that must be opened again to be seen fresh.
+  // The file has been replaced or removed since, or takes writes that it did not take when it was
+  // opened (both looked at now and then only), or is one that must be opened again to be seen
+  // fresh.
   bool IsStale();
   // Null if the statement cannot be prepared. Kept by the connection; free to be bound.
   sqlite3_stmt* Prepare(Query query);
   int ChangedRows() const { return sqlite3_changes(Database); }
   bool InTransaction() const { return IsOpen() && sqlite3_get_autocommit(Database) == 0; }
+  // False of a file that was opened for reading; SQLite would begin a transaction all the same.
+  bool TakesWrites() const { return sqlite3_db_readonly(Database, "main") == 0; }
+  // By a transaction around several calls. They must not stand for themselves when SQLite, after an
+  // error, has ended it: that would mix the old state with the new one. Closing ends the claim.
+  void Claim(bool claim) { Claimed = claim; }
+  bool HasLostTransaction() const { return Claimed && !InTransaction(); }
 
  private:
   bool OpenFile(int flags, const char* parameters);
@@ -80,6 +87,7 @@ class HiveFile {
   int64_t LookedAt = 0;  // when the file was last seen in its place
   // Read without locks or a log, since there is no way to make them.
   bool Immutable = false;
+  bool Claimed = false;
   sqlite3_stmt* Statements[static_cast<int>(Query::kCount)] = {};
 };
 
@@ -87,7 +95,7 @@ class HiveFile {
 class HiveUse {
  public:
   HiveUse(Hive hive, bool create);
-  // Null if there is no file that could be opened.
+  // Null if there is no file that could be opened, or the transaction around this call is lost.
   HiveFile* File() const { return Target; }
 
  private:

@@ -1,5 +1,3 @@
-#include <unicode/uchar.h>
-
 #include <algorithm>
 #include <cstring>
 #include <new>
@@ -9,6 +7,7 @@
 
 #include "platform/KeyPath.h"
 #include "platform/KeyStore.h"
+#include "platform/linux/KeyFold.h"
 #include "platform/linux/SqliteHive.h"
 
 namespace ostvt::platform {
@@ -31,20 +30,6 @@ struct OpenedKey {
 };
 
 OpenedKey* AsKey(KeyHandle key) { return static_cast<OpenedKey*>(key); }
-
-// Names are equal when their units are, each folded to upper case by itself, as in the registry.
-char16_t Fold(char16_t unit) {
-  if (unit < 0x80) return static_cast<char16_t>(unit >= u'a' && unit <= u'z' ? unit - 0x20 : unit);
-  if (unit >= 0xD800 && unit <= 0xDFFF) return unit;
-  UChar32 upper = u_toupper(unit);
-  return upper <= 0xFFFF ? static_cast<char16_t>(upper) : unit;
-}
-
-std::u16string Fold(std::u16string_view text) {
-  std::u16string folded(text);
-  for (char16_t& unit : folded) unit = Fold(unit);
-  return folded;
-}
 
 bool KeyExists(HiveFile* file, std::u16string_view path) {
   return HiveQuery(file, Query::kFindKey).Bind(1, path).Row();
@@ -107,7 +92,7 @@ bool EnumerateName(OpenedKey* key, Query at, Query after, std::u16string_view he
   std::u16string text = query.Text(0);
   if (text.size() >= kNameUnits || text.find(u'\0') != std::u16string::npos) return false;
   std::u16string found(head);
-  found += Fold(text);
+  found += FoldName(text);
   if (!query.Holds(1, found)) return false;
   // In a damaged file the row behind may be one from before.
   if (resume && !IsBehind(found, cursor->Last)) return false;
@@ -122,7 +107,7 @@ bool EnumerateName(OpenedKey* key, Query at, Query after, std::u16string_view he
 KeyHandle OpenKeyUnchecked(Hive hive, const char16_t* subKey) {
   std::u16string_view path = subKey ? subKey : u"";
   if (!IsKeyPath(path)) return nullptr;
-  return new (std::nothrow) OpenedKey{hive, Fold(path), {}, {}};
+  return new (std::nothrow) OpenedKey{hive, FoldName(path), {}, {}};
 }
 
 KeyHandle OpenKey(Hive hive, const char16_t* subKey, bool create) {
@@ -142,7 +127,7 @@ void CloseKey(KeyHandle key) { delete AsKey(key); }
 int WriteValue(KeyHandle key, const char16_t* name, const void* data, int size, uint32_t type) {
   std::u16string_view display = name ? name : u"";
   if (!key || size < 0 || (!data && size > 0) || display.size() > kValueNameLimit) return -1;
-  std::u16string folded = Fold(display);
+  std::u16string folded = FoldName(display);
   // The root is there even before its file is.
   HiveUse use(AsKey(key)->Root, AsKey(key)->Path.empty());
   bool written = HiveQuery(use.File(), Query::kWriteValue)
@@ -157,7 +142,7 @@ int WriteValue(KeyHandle key, const char16_t* name, const void* data, int size, 
 
 int ReadValue(KeyHandle key, const char16_t* name, void* buffer, int size, uint32_t* type) {
   if (!key) return -1;
-  std::u16string folded = Fold(name ? name : u"");
+  std::u16string folded = FoldName(name ? name : u"");
   HiveUse use(AsKey(key)->Root, false);
   HiveQuery query(use.File(), Query::kReadValue);
   if (!query.Bind(1, AsKey(key)->Path).Bind(2, folded).Row()) return -1;
@@ -171,7 +156,7 @@ int ReadValue(KeyHandle key, const char16_t* name, void* buffer, int size, uint3
 
 bool GetValueSize(KeyHandle key, const char16_t* name, int* size) {
   if (!key) return false;
-  std::u16string folded = Fold(name ? name : u"");
+  std::u16string folded = FoldName(name ? name : u"");
   HiveUse use(AsKey(key)->Root, false);
   HiveQuery query(use.File(), Query::kSizeOfValue);
   if (!query.Bind(1, AsKey(key)->Path).Bind(2, folded).Row()) return false;
@@ -204,12 +189,14 @@ bool QueryKey(KeyHandle key, int* subKeys, int* values) {
   return true;
 }
 
+bool IsLink(KeyHandle, const char16_t*) { return false; }
+
 bool DeleteKey(KeyHandle parent, const char16_t* name) {
   std::u16string_view element = name ? name : u"";
   if (!parent || element.empty() || !IsKeyPath(element)) return false;
   std::u16string path = AsKey(parent)->Path;
   if (!path.empty()) path += u'\\';
-  path += Fold(element);
+  path += FoldName(element);
   HiveUse use(AsKey(parent)->Root, false);
   // A miss is found out without the writers' lock.
   if (!KeyExists(use.File(), path)) return false;
@@ -222,7 +209,7 @@ bool DeleteKey(KeyHandle parent, const char16_t* name) {
 
 bool DeleteValue(KeyHandle key, const char16_t* name) {
   if (!key) return false;
-  std::u16string folded = Fold(name ? name : u"");
+  std::u16string folded = FoldName(name ? name : u"");
   HiveUse use(AsKey(key)->Root, false);
   if (!ValueExists(use.File(), AsKey(key)->Path, folded)) return false;
   return HiveQuery(use.File(), Query::kDeleteValue)

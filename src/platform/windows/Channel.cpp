@@ -18,6 +18,7 @@ ChannelWindow FindChannel(const char* name) {
 }
 
 void SendToChannel(ChannelWindow window, uint32_t message) {
+  if (!window) return;
   if (channelFunctions) {
     channelFunctions->Send(window, message);
   } else {
@@ -26,6 +27,8 @@ void SendToChannel(ChannelWindow window, uint32_t message) {
 }
 
 void PostToChannel(ChannelWindow window, uint32_t message, uintptr_t value) {
+  // The system would post a message to nobody into this thread's own queue.
+  if (!window) return;
   if (channelFunctions) {
     channelFunctions->Post(window, message, value);
   } else if (window) {

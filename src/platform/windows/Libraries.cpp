@@ -12,8 +12,10 @@ LibraryHandle OpenLibrary(const char16_t* path) {
   // A file that can't be loaded must not stop its caller with a message box.
   DWORD before = 0;
   SetThreadErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX, &before);
+  // A name alone is the system's: the host's own folder may be anybody's.
   HMODULE library =
-      LoadLibraryExW(AsWide(path), nullptr, hasDirectory ? LOAD_WITH_ALTERED_SEARCH_PATH : 0);
+      LoadLibraryExW(AsWide(path), nullptr,
+                     hasDirectory ? LOAD_WITH_ALTERED_SEARCH_PATH : LOAD_LIBRARY_SEARCH_SYSTEM32);
   SetThreadErrorMode(before, nullptr);
   return library;
 }

@@ -44,6 +44,21 @@ HKEY CreateKey(HKEY root, const char16_t* subKey) {
   return status == ERROR_SUCCESS ? key : nullptr;
 }
 
+// Of a link, the link and not what it leads to.
+LSTATUS OpenItself(KeyHandle parent, const char16_t* name, REGSAM access, HKEY* key) {
+  return RegOpenKeyExW(AsKey(parent), AsWide(name), REG_OPTION_OPEN_LINK, access, key);
+}
+
+// RegDeleteKeyW would delete what a link leads to.
+bool DeleteItself(HKEY key) {
+  using NtDeleteKeyFunction = LONG WINAPI(HANDLE);
+  HMODULE ntdll = GetModuleHandleW(L"ntdll.dll");
+  auto* erase = ntdll ? reinterpret_cast<NtDeleteKeyFunction*>(
+                            reinterpret_cast<void*>(GetProcAddress(ntdll, "NtDeleteKey")))
+                      : nullptr;
+  return erase && erase(key) >= 0;
+}
+
 bool IsText(uint32_t type) {
   return type == REG_SZ || type == REG_EXPAND_SZ || type == REG_MULTI_SZ;
 }
@@ -147,10 +162,27 @@ bool QueryKey(KeyHandle key, int* subKeys, int* values) {
   return true;
 }
 
+bool IsLink(KeyHandle parent, const char16_t* name) {
+  if (!parent || !name || name[0] == 0) return true;
+  HKEY key = nullptr;
+  const LSTATUS opened = OpenItself(parent, name, KEY_QUERY_VALUE, &key);
+  // Whoever makes a link may forbid others to look at it, and it works all the same.
+  if (opened != ERROR_SUCCESS) return opened != ERROR_FILE_NOT_FOUND;
+  DWORD type = REG_NONE;
+  const LSTATUS found =
+      RegQueryValueExW(key, L"SymbolicLinkValue", nullptr, &type, nullptr, nullptr);
+  RegCloseKey(key);
+  return found == ERROR_SUCCESS && type == REG_LINK;
+}
+
 bool DeleteKey(KeyHandle parent, const char16_t* name) {
   // The system would take an empty name for the key itself.
-  return parent && name && name[0] != 0 && IsKeyPath(name) &&
-         RegDeleteKeyW(AsKey(parent), AsWide(name)) == ERROR_SUCCESS;
+  if (!parent || !name || name[0] == 0 || !IsKeyPath(name)) return false;
+  HKEY key = nullptr;
+  if (OpenItself(parent, name, DELETE, &key) != ERROR_SUCCESS) return false;
+  const bool deleted = DeleteItself(key);
+  RegCloseKey(key);
+  return deleted;
 }
 
 bool DeleteValue(KeyHandle key, const char16_t* name) {

@@ -10,7 +10,9 @@ namespace {
 
 using platform::AsWide;
 
-constexpr char kServerPath[] = "0:CLSID/{ADB880A6-D8FF-11CF-9377-00AA003B7A11}/InprocServer32/";
+// The machine's classes: those of a user would be loaded into programs that have more rights.
+constexpr char kServerPath[] =
+    "2:SOFTWARE/Classes/CLSID/{ADB880A6-D8FF-11CF-9377-00AA003B7A11}/InprocServer32/";
 constexpr char16_t kFallback[] = u"hhctrl.ocx";
 constexpr uintptr_t kHelpOrdinal = 15;
 constexpr UINT kDisplayTopic = 0;

@@ -36,8 +36,7 @@ class UPage : public UWindow {
   // Brings the controls up to date with the settings. The only place that writes to them.
   virtual void Update(bool initial);
   // `code` is the control's; `param` its window, for a scroll bar its value. True: handled, nothing
-  // has changed. Id 9 with code 0 (Help) doesn't come here, nor in a dialog
-  // 1 and 2 (OK, Cancel).
+  // has changed. Id 9 with code 0 (Help) doesn't come here, nor in a dialog 1 and 2 (OK, Cancel).
   virtual bool OnCommand(int32_t id, uint32_t code, LPARAM param);
   // True: handled. The answer to the control is what SetResult left, else 0.
   virtual bool OnNotify(int32_t control, uint32_t code, NMHDR* header);

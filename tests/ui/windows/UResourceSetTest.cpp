@@ -242,12 +242,12 @@ TEST_F(UResourceSetTest, SymbolsAreThoseOfTheLanguageInForce) {
 class HelpViewerTest : public UiTest {
  protected:
   static constexpr wchar_t kKey[] =
-      L"CLSID\\{ADB880A6-D8FF-11CF-9377-00AA003B7A11}\\InprocServer32";
+      L"SOFTWARE\\Classes\\CLSID\\{ADB880A6-D8FF-11CF-9377-00AA003B7A11}\\InprocServer32";
 
   void SetUp() override {
     UiTest::SetUp();
     DWORD size = sizeof Before;
-    HadBefore = RegGetValueW(HKEY_CLASSES_ROOT, kKey, nullptr, RRF_RT_REG_SZ, nullptr, Before,
+    HadBefore = RegGetValueW(HKEY_LOCAL_MACHINE, kKey, nullptr, RRF_RT_REG_SZ, nullptr, Before,
                              &size) == ERROR_SUCCESS;
     SetEnvironmentVariableW(L"OSTVT_HELP_SHOWN", nullptr);
   }
@@ -255,8 +255,8 @@ class HelpViewerTest : public UiTest {
     SetServer(HadBefore ? Before : L"");
     UiTest::TearDown();
   }
-  static void SetServer(const std::wstring& path) {
-    RegSetKeyValueW(HKEY_CLASSES_ROOT, kKey, nullptr, REG_SZ, path.c_str(),
+  static void SetServer(const std::wstring& path, HKEY classes = HKEY_LOCAL_MACHINE) {
+    RegSetKeyValueW(classes, kKey, nullptr, REG_SZ, path.c_str(),
                     static_cast<DWORD>((path.size() + 1) * sizeof(wchar_t)));
   }
   static std::wstring Shown() {
@@ -274,6 +274,16 @@ TEST_F(HelpViewerTest, TheRegisteredViewerIsAskedByItsOrdinal) {
   HelpViewer viewer;
   EXPECT_TRUE(viewer.Show("C:\\dir\\ostenu.chm", "/base/Graphics.html"));
   EXPECT_EQ(L"C:\\dir\\ostenu.chm::/base/Graphics.html", Shown());
+}
+
+TEST_F(HelpViewerTest, TheViewerThatAUserRegisteredIsNotLoaded) {
+  SetServer(FileBesideTests(L"helpviewer.dll"));
+  SetServer(L"Z:\\nowhere\\missing.ocx", HKEY_CURRENT_USER);
+  HelpViewer viewer;
+  EXPECT_TRUE(viewer.Show("a", "/b"));
+  EXPECT_EQ(L"a::/b", Shown());
+  RegDeleteTreeW(HKEY_CURRENT_USER,
+                 L"SOFTWARE\\Classes\\CLSID\\{ADB880A6-D8FF-11CF-9377-00AA003B7A11}");
 }
 
 TEST_F(HelpViewerTest, TheViewerIsLookedForOnce) {
