@@ -37,6 +37,7 @@ bool ReplaceSettings(PrinterRegistry* store, OStringArray* lines) {
 bool ExportNetworkSettings(const MonitorLink& link, OStream& stream) {
   TrueStore store(link.PrinterName);
   OStringArray lines;
+  const KeyStoreTransaction reading(store.GetDataHive(), KeyStoreTransaction::Purpose::kRead);
   if (!store.ExportBranch(kBranch, &lines, 0) || lines.Count < kLeastLines) return false;
   store.CollapseAliasInLines(kBranch, &lines);
   WriteBranchRecord(stream, kRecord, OString(), lines);

@@ -84,7 +84,11 @@ uint32_t OSTVT_API X16_CRC32(const void* data, uint32_t length, uint32_t seed) {
 
 int32_t OSTVT_API X16_OFile_GetTime(const char16_t* path, void* created, void* accessed,
                                     void* written) {
+  // What can't be told stays as the caller has it.
   uint64_t times[3] = {};
+  LoadTime(created, &times[0]);
+  LoadTime(accessed, &times[1]);
+  LoadTime(written, &times[2]);
   if (!OFile::GetTime(OString(path), &times[0], &times[1], &times[2])) return 0;
   StoreTime(created, times[0]);
   StoreTime(accessed, times[1]);

@@ -31,9 +31,11 @@ void FamilyDriverSession::LoadSettings() {
 }
 
 int32_t FamilyDriverSession::RegisterPages(uint32_t pageFlags) {
-  const int32_t count = DriverSession::RegisterPages(pageFlags);
-  if ((pageFlags & kPagesGraphics) == 0) return count;
-  return count + AddPage("PAGE_STOCK") + AddPage("PAGE_OPTIONS");
+  int32_t count = DriverSession::RegisterPages(pageFlags);
+  if (!Model || (pageFlags & kPagesGraphics) == 0) return count;
+  count += AddPage("PAGE_STOCK");
+  count += AddPage("PAGE_OPTIONS");
+  return count;
 }
 
 void FamilyDriverSession::GetFileNameRules(NameRules* record) {

@@ -33,7 +33,7 @@ uint32_t LargestNarrowBar(uint32_t resolution);
 bool HasBarChoice(uint16_t symbology);
 
 // SetSymbology, then for each field whose value isn't offered the first one that is, then what the
-// symbology and the model leave no choice in.
+// symbology and the model leave no choice in; human readable text apart, which stays as it was.
 void ChooseSymbology(BarCodeFont* font, uint16_t symbology, const CapabilitiesData& capabilities);
 // After each edit.
 void ApplyFixedSettings(BarCodeFont* font, const CapabilitiesData& capabilities);

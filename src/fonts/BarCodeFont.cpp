@@ -17,7 +17,8 @@ int32_t ResolutionOf(const DataFontHeader& header) {
 }
 
 int32_t ToMils(uint32_t dots, const DataFontHeader& header) {
-  const auto limited = static_cast<int32_t>(std::min<uint32_t>(dots, INT32_MAX));
+  // Beyond that the product would leave its bits, and a great length come back as none.
+  const auto limited = static_cast<int32_t>(std::min<uint32_t>(dots, INT32_MAX / kMilsPerInch));
   return MulDivRound(limited, kMilsPerInch, ResolutionOf(header));
 }
 
@@ -27,8 +28,9 @@ int32_t ToDots(int32_t mils, const DataFontHeader& header) {
 
 }  // namespace
 
-BarCodeFont::BarCodeFont() : DataFont(&Linear, sizeof(Linear)), Linear{} {
+BarCodeFont::BarCodeFont(uint32_t resolution) : DataFont(&Linear, sizeof(Linear)), Linear{} {
   Header.Kind = kDataFontLinear;
+  Header.Resolution = resolution;
   ClearBody();
   SetHumanReadable(kHumanReadableAbove);
   SetNarrowBarMils(kDefaultBarMils);

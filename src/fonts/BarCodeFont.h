@@ -18,8 +18,8 @@ inline constexpr uint16_t kHumanReadableAbove = 2;
 // What setters are given is brought to what their fields hold.
 class BarCodeFont : public DataFont {
  public:
-  // Code 39, 65 mils high, the narrow bar 15 mils.
-  BarCodeFont();
+  // Code 39, 65 mils high, the narrow bar 15 mils, in dots of `resolution`.
+  explicit BarCodeFont(uint32_t resolution = DataFontHeader().Resolution);
   std::unique_ptr<DataFont> Clone() const override;
 
   bool IsMatrix() const { return Header.Kind == kDataFontMatrix; }
@@ -30,7 +30,7 @@ class BarCodeFont : public DataFont {
   void Rescale(uint32_t resolution);
 
   uint16_t GetSymbology() const { return IsMatrix() ? Matrix.Symbology : Linear.Symbology; }
-  // Takes over rotation, narrow bar in mils and human readable text; what else the font says is
+  // Takes over rotation, narrow bar and human readable text; what else the font says is
   // kept from one linear code to another alone. A number above 37 is a linear code without rules.
   void SetSymbology(uint16_t number);
   uint16_t GetRotation() const { return IsMatrix() ? Matrix.Rotation : Linear.Rotation; }

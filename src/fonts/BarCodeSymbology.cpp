@@ -85,14 +85,14 @@ void BarCodeFont::SettleStartStop() {
 void BarCodeFont::SetSymbology(uint16_t number) {
   const SymbologyRule& rule = RuleOfSymbology(number);
   const uint16_t rotation = GetRotation();
-  const int32_t narrowBar = GetNarrowBarMils();
+  const uint16_t narrowBar = GetNarrowBar();
   const uint16_t humanReadable = GetHumanReadable();
   const bool isOtherKind = Header.Kind != rule.Kind;
   Header.Kind = rule.Kind;
   if (isOtherKind || IsMatrix()) ClearBody();
   (IsMatrix() ? Matrix.Symbology : Linear.Symbology) = number;
   SetRotation(rotation);
-  SetNarrowBarMils(narrowBar);
+  SetNarrowBar(narrowBar);
   SetHumanReadable(humanReadable);
   if (IsMatrix()) {
     for (size_t i = 0; i < std::size(Matrix.Words); ++i) Matrix.Words[i] = rule.StartWords[i];

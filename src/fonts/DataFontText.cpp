@@ -69,7 +69,10 @@ template <typename Font>
 class Reader : public FontTextSink {
  public:
   Reader(DataFontTable* table, PrinterModel* model) : Taking(table, model) {}
-  void Open() override { Record = std::make_unique<Font>(); }
+  void Open() override {
+    Record = std::make_unique<Font>();
+    IsUsable = true;
+  }
   void TakeValue(const OString& key, const OString& value) override {
     if (key == kName) {
       Record->SetName(value);
@@ -80,15 +83,19 @@ class Reader : public FontTextSink {
         // A short body leaves the rest as it is: that must not be an earlier line's.
         auto fresh = std::make_unique<Font>();
         fresh->SetName(Record->GetName());
-        if (fresh->SetBlob(blob, size)) Record = std::move(fresh);
+        // Bytes of the right length that are of no such font make the whole record none, as in a
+        // binary file.
+        IsUsable = fresh->SetBlob(blob, size);
+        if (IsUsable) Record = std::move(fresh);
       }
     }
   }
-  bool Close() override { return Taking.Take(std::move(Record)); }
+  bool Close() override { return IsUsable && Taking.Take(std::move(Record)); }
 
  private:
   Intake Taking;
   std::unique_ptr<Font> Record;
+  bool IsUsable = true;
 };
 
 bool WritesTags(PrinterModel* model) { return model && model->HasRfid() && model->IsRfidEnabled(); }

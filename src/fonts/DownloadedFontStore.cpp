@@ -92,7 +92,8 @@ void DownloadedFontList::Load(PrinterModel* model) {
 }
 
 bool DownloadedFontList::Save(PrinterModel* model) const {
-  if (!model) return false;
+  // Those behind the limit could not be read back.
+  if (!model || GetCount() > kEntryLimit) return false;
   PrinterRegistry& store = model->GetStore();
   KeyStoreTransaction writing(store.GetDataHive(), KeyStoreTransaction::Purpose::kWrite);
   if (!writing.IsOpen()) return false;

@@ -94,8 +94,9 @@ bool OptionalFontTable::Save(PrinterModel* model) {
   if (!HasChanged() || !model) return false;
   const auto nameOf = [](const OptionalFont& font) { return font.Name; };
   if (!RewriteFontBranch(model->GetStore(), kRoot, Fonts, nameOf, Write)) return false;
+  // Until the model has the groups the next call tries again.
+  if (!ApplyExpansionFonts(model)) return false;
   LoadedSignature = Signature();
-  ApplyExpansionFonts(model);
   return true;
 }
 

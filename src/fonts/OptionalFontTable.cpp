@@ -43,13 +43,13 @@ void OptionalFontTable::ListPredefined(std::vector<OptionalFont*>* list) const {
   }
 }
 
-void OptionalFontTable::ApplyExpansionFonts(PrinterModel* model) const {
+bool OptionalFontTable::ApplyExpansionFonts(PrinterModel* model) const {
   std::vector<OptionalFont*> predefined;
   ListPredefined(&predefined);
-  if (predefined.empty() || !model) return;
+  if (predefined.empty() || !model) return true;
   OStringArray groups;
   for (const OptionalFont* font : predefined) groups.Add(font->FontGroup);
-  model->SetExpansionFonts(groups);
+  return model->SetExpansionFonts(groups);
 }
 
 uint32_t OptionalFontTable::Signature() const {

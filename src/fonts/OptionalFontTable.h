@@ -45,8 +45,9 @@ class OptionalFontTable {
   // Those that aren't custom fonts. Borrowed.
   void ListPredefined(std::vector<OptionalFont*>* list) const;
   // Makes the font groups of the predefined fonts, in the table's order, the model's expansion
-  // fonts. Without any predefined font the model keeps those that it has.
-  void ApplyExpansionFonts(PrinterModel* model) const;
+  // fonts. Without any predefined font the model keeps those that it has. False if the store
+  // refused them.
+  bool ApplyExpansionFonts(PrinterModel* model) const;
 
  private:
   std::vector<std::unique_ptr<OptionalFont>> Fonts;

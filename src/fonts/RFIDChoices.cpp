@@ -113,6 +113,8 @@ std::vector<RfidFormatChoice> ReadRfidFormats(const void* block, uint32_t size) 
   std::vector<RfidFormatChoice> formats;
   answer.ForEach<FormatEntry>([&](const FormatEntry& entry) {
     if (!answer.Has(entry.NameOffset) || !answer.Has(entry.DefaultOffset)) return;
+    // These two are the driver's own.
+    if (entry.Format == kNoEpcFormat || entry.Format == kCustomEpcFormat) return;
     formats.push_back(
         {entry.Format, answer.TextAt(entry.NameOffset), answer.TextAt(entry.DefaultOffset)});
   });

@@ -182,8 +182,9 @@ class PrinterModel {
   // Kept likewise. False, with `info` as it was, if the group has no fonts.
   bool GetFontGroupInfo(const OString& group, FontGroupInfo* info);
   bool HasFontGroups();
-  // The groups that the user's optional fonts bring. The model is invalidated.
-  void SetExpansionFonts(const OStringArray& list);
+  // The groups that the user's optional fonts bring. The model is invalidated. False, and nothing
+  // is changed, if the store refuses them.
+  bool SetExpansionFonts(const OStringArray& list);
 
   // A command as a user types it, in bytes of the system's own code page: "\r", "\n", "\t", "\e"
   // (escape), "\\" and "\xHH", two digits of either case, become one byte each; every other "\"

@@ -138,10 +138,11 @@ bool PrinterModel::HasFontGroups() {
   return groups.Count > 0;
 }
 
-void PrinterModel::SetExpansionFonts(const OStringArray& list) {
-  GetStore().WriteMultiString(kExpansionFonts, list);
+bool PrinterModel::SetExpansionFonts(const OStringArray& list) {
+  if (!GetStore().WriteMultiString(kExpansionFonts, list)) return false;
   Invalidate();
   RebuildEncodings();
+  return true;
 }
 
 }  // namespace ostvt

@@ -78,6 +78,7 @@ bool DriverOptions::ExportText(OStream& stream, const OString& modelName) const 
   if (!Model) return false;
   PrinterRegistry store(Model->GetStore());
   OStringArray lines;
+  const KeyStoreTransaction reading(store.GetDataHive(), KeyStoreTransaction::Purpose::kRead);
   if (!store.ExportBranch(kSettings, &lines, 0)) return false;
   store.CollapseAliasInLines(kNeutralRoot, &lines);
   WriteBranchRecord(stream, kRecord, OString(" model='") + AttributeOf(modelName) + "'", lines);

@@ -5,6 +5,7 @@
 
 #include "core/Crc.h"
 #include "settings/TextCrc.h"
+#include "store/NumberedEntries.h"
 
 namespace ostvt {
 namespace {
@@ -46,6 +47,13 @@ void PresetList::RemoveBuiltIn() {
     if (item->IsBuiltIn()) delete item;
     item = next;
   }
+}
+
+int32_t PresetList::GetRoom() const {
+  int32_t room = kEntryLimit;
+  for (const PresetItem* item = GetFirst(); item; item = item->GetNext())
+    room -= !item->IsBuiltIn();
+  return room;
 }
 
 PresetItem* PresetList::FindFlagged(uint32_t flag) const {

@@ -46,6 +46,8 @@ class PresetList : public ObjectList {
   // A file of the binary kind, from where the stream stands. How many.
   int32_t ImportBinary(OFile& stream, PrinterModel* model, PaperResolver* papers = nullptr);
 
+  // How many more presets the store would hold.
+  int32_t GetRoom() const;
   PresetItem* GetFirst() const { return static_cast<PresetItem*>(Head); }
   // Changes with everything that is stored.
   uint32_t GetChecksum() const;

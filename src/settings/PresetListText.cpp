@@ -103,7 +103,7 @@ int32_t PresetList::ImportText(OFile& stream, PrinterModel* model, PaperResolver
   if (!papers) papers = &stored;
   std::unique_ptr<PresetItem> item;
   int32_t count = 0;
-  const int32_t room = kEntryLimit - GetCount();
+  const int32_t room = GetRoom();
   for (Line line = reader.Next(); line != Line::kEnd; line = reader.Next()) {
     if (line == Line::kOpening) {
       item.reset(new PresetItem);
@@ -132,7 +132,7 @@ int32_t PresetList::ImportBinary(OFile& stream, PrinterModel* model, PaperResolv
   StockPapers stored(model);
   if (!papers) papers = &stored;
   int32_t count = 0;
-  const int32_t room = kEntryLimit - GetCount();
+  const int32_t room = GetRoom();
   for (Buffer blob; count < room && reader.ReadBlob(&blob);) {
     const bool isWholeFile = count == 0 && reader.GetLeft() == 0;
     OString name;

@@ -44,22 +44,22 @@ void ImportFonts(DriverSession* session, uint32_t sections, SettingsFileReader& 
     taken->OptionalFonts = StoreWord(session->OptionalFonts.ReadText(file, model));
 }
 
-// Stock comes first, since presets name it. Each reader passes over the whole file, and is spared
-// that where nothing can be for it.
+// Stock comes first, since presets name it, then the options, whose limits presets are brought
+// inside. Each reader passes over the whole file, and is spared that where nothing can be for it.
 void ImportText(DriverSession* session, uint32_t sections, SettingsFileReader& file,
                 ImportResult* taken) {
   const bool hasPresets = file.Has(kHasPresets);
   const bool wantsOptions = (sections & kSectionOptions) != 0;
   if ((sections & kSectionStock) != 0 && file.Has(kHasStock))
     taken->Stock = StoreWord(session->GetStock().ImportText(file, session->Model));
-  if (hasPresets) ImportPresets(session, sections, file, taken);
-  if (file.Has(kHasFonts)) ImportFonts(session, sections, file, taken);
   if (wantsOptions && file.Has(kHasOptions)) {
     const uint32_t userForm = StockList::StoredUserFormCrc(session->Model);
     taken->Options = ImportOptions(session->Model, file);
     if (taken->Options && session->StockLoaded)
       session->Stock.FollowOptions(StockList::StoredUserFormCrc(session->Model) == userForm);
   }
+  if (hasPresets) ImportPresets(session, sections, file, taken);
+  if (file.Has(kHasFonts)) ImportFonts(session, sections, file, taken);
   if ((sections & kSectionDefaultDevMode) != 0 && hasPresets)
     taken->DefaultDevMode = session->ImportDefaultDevMode(file, session->Model);
   // These have a bit of their own, which only an export looks at.
@@ -89,8 +89,8 @@ void DriverSession::ImportSettings(const OString& path, uint32_t sections, Impor
         ImportText(this, sections, file, &taken);
         break;
     }
-    // The current settings are among the presets.
-    if (taken.DefaultDevMode && BuiltInPresetsAdded) AddBuiltInPresets();
+    // The current settings are among the presets, and the factory's, which follow the options.
+    if ((taken.DefaultDevMode || taken.Options) && BuiltInPresetsAdded) AddBuiltInPresets();
   }
   if (result) *result = taken;
 }

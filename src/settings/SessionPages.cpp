@@ -46,7 +46,10 @@ int32_t DriverSession::RegisterPages(uint32_t pageFlags) {
   if (pageFlags & kPagesCache) {
     CacheInfo cache;
     GetCacheInfo(&cache);
-    if (cache.count > 0) count += AddPage("*:CACHE/SETTINGS") + AddPage("*:CACHE/CONTENTS");
+    if (cache.count > 0) {
+      count += AddPage("*:CACHE/SETTINGS");
+      count += AddPage("*:CACHE/CONTENTS");
+    }
   }
   return count;
 }

@@ -72,11 +72,15 @@ TEST_F(FamilyActions, DialogsAreTheFamilysOwn) {
 
 TEST_F(FamilyActions, CommandIsAJobOfItsOwn) {
   Open("~Commands.U1=true\n");
+  Session->Resources = std::make_unique<NumberedTexts>();
   EXPECT_TRUE(Do(3));
-  EXPECT_EQ((std::vector<std::string>{"create Test Printer", "start ", "page", "packet 0",
+  EXPECT_EQ((std::vector<std::string>{"create Test Printer", "start [2452]", "page", "packet 0",
                                       "packet 25", "end page", "end", "delete"}),
             Recorder.Calls);
   EXPECT_EQ("! 0 0 0 0 1\r\nCUT\r\nPRINT\r\n", Recorder.Bytes());
+  Recorder.Calls.clear();
+  EXPECT_TRUE(Do(7));
+  EXPECT_EQ("start [2453]", Recorder.Calls.at(1));
 }
 
 // Whether or not it tells the server anything: else this user's printer would stay blocked.

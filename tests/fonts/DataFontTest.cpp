@@ -268,6 +268,39 @@ TEST(DataFont, DotsStayInTheirFields) {
   const std::vector<uint8_t> stored = LinearBlob(0xFFFFFFFF, 65535, 1);
   font.SetBlob(stored.data(), 168);
   font.Rescale(0x7FFFFFFF);
+  EXPECT_LE(uint32_t{font.Linear.Height}, 9999u);
+}
+
+TEST(DataFont, GreatHeightStaysGreatAtAnotherResolution) {
+  for (const uint32_t height : {10000000u, 1000000000u, 0x7FFFFFFFu, 0xFFFFFFFFu}) {
+    BarCodeFont font;
+    const std::vector<uint8_t> stored = LinearBlob(height, 5);
+    font.SetBlob(stored.data(), 168);
+    font.Rescale(203);
+    EXPECT_EQ(9999u, uint32_t{font.Linear.Height}) << height;
+  }
+}
+
+// 65 and 15 thousandths of an inch.
+TEST(DataFont, NewBarCodeHasTheDotsOfItsResolution) {
+  const std::tuple<uint32_t, uint32_t, int> cases[] = {
+      {203, 13, 3}, {300, 20, 5}, {406, 26, 6}, {600, 39, 9}};
+  for (const auto& [resolution, height, bar] : cases) {
+    const BarCodeFont font(resolution);
+    EXPECT_EQ(resolution, uint32_t{font.Header.Resolution});
+    EXPECT_EQ(height, uint32_t{font.Linear.Height}) << resolution;
+    EXPECT_EQ(bar, int{font.Linear.NarrowBar}) << resolution;
+  }
+}
+
+TEST(DataFont, AnotherSymbologyKeepsTheDotsOfTheBar) {
+  for (const uint32_t resolution : {0u, 300u, 3000u, 0xFFFFFFFFu}) {
+    BarCodeFont font;
+    const std::vector<uint8_t> stored = LinearBlob(60, 1, resolution);
+    font.SetBlob(stored.data(), 168);
+    font.SetSymbology(18);
+    EXPECT_EQ(1, int{font.Matrix.NarrowBar}) << resolution;
+  }
 }
 
 TEST(DataFont, CloneIsAFontOfItsOwn) {

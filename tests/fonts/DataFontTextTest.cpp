@@ -108,10 +108,22 @@ TEST_F(DataFontText, DefaultBarCodeOfAModelWithoutCode39IsDropped) {
 }
 
 TEST_F(DataFontText, DataThatIsNoBlobIsIgnored) {
-  for (const std::string data : {kCode128Long, kTag, kTagShort, kKind3, "WkxJQ", "", "%%%"}) {
+  for (const std::string data : {kCode128Long, kTag, "WkxJQ", "", "%%%"}) {
     EXPECT_EQ(1, ReadBarCodes(Font("Bar Code", "A", data))) << data;
     EXPECT_EQ(DefaultBlob("A"), BlobOf(BarCode(0))) << data;
   }
+}
+
+TEST_F(DataFontText, BlobOfNoSuchFontMakesTheRecordNone) {
+  ASSERT_EQ(1, ReadBarCodes(Font("Bar Code", "A", kCode128)));
+  const std::vector<uint8_t> before = BlobOf(BarCode(0));
+  for (const std::string data : {kKind3, kTagShort}) {
+    EXPECT_EQ(0, ReadBarCodes(Font("Bar Code", "A", data))) << data;
+    EXPECT_EQ(before, BlobOf(BarCode(0)));
+  }
+  // A later line may mend it.
+  EXPECT_EQ(1, ReadBarCodes(Block("Bar Code", std::string("Name=B\r\nData=") + kKind3 +
+                                                  "\r\nData=" + kCode128 + "\r\n")));
 }
 
 TEST_F(DataFontText, SecondDataLineLeavesNothingOfTheFirst) {

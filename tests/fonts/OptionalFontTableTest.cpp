@@ -395,6 +395,18 @@ TEST_F(OptionalFonts, RefusedFontsDoNotBecomeTheExpansionFonts) {
   EXPECT_EQ(0, KeyCount());
 }
 
+TEST_F(OptionalFonts, RefusedExpansionFontsAreTriedAgain) {
+  Table.Load(Model());
+  Table.Add(Named("A"));
+  Table.GetAt(0)->FontGroup = "G";
+  OStringArray groups;
+  groups.Add("G");
+  ASSERT_TRUE(Store().WriteMultiString("DATA:Elsewhere/Expansion Fonts", groups));
+  RefuseEqualValues("EXPANSION FONTS");
+  EXPECT_FALSE(Table.Save(Model()));
+  EXPECT_TRUE(Table.HasChanged());
+}
+
 #endif
 
 TEST_F(OptionalFonts, RemovingTheLastPredefinedLeavesTheExpansionFonts) {

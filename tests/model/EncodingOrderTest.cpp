@@ -46,6 +46,12 @@ TEST(EncodingOrder, Page850IsNothingSpecialUnlessTheSystemHas437) {
   EXPECT_EQ("1252,850,437", Ordered("437,850,1252", "", {1252, 850}));
 }
 
+// 65536 and the page: what a number is cut to decides.
+TEST(EncodingOrder, PageOfTheSameLowWordComesInFrontOfWhatIsThere) {
+  EXPECT_EQ("66788,1252", Ordered("1252,66788"));
+  EXPECT_EQ("65973,437", Ordered("437,65973"));
+}
+
 TEST(EncodingOrder, GroupsKeepTheOrderOfTheRawList) {
   EXPECT_EQ("1258,874,1250,UTF-16,936,932,950,949,866,855,JIS,ISO-8859-1",
             Ordered("JIS,866,936,1258,932,UTF-16,874,950,855,ISO-8859-1,949,1250"));

@@ -276,6 +276,14 @@ TEST_F(DevModeValidate, TopOfFormFollowsTheModel) {
   ExpectRange(1092, -10000, 10000);
 }
 
+// Who has no such commands keeps the setting in its range all the same.
+TEST_F(DevModeValidate, TopOfFormIsLimitedWithU1CommandsToo) {
+  ModelText text;
+  text.Features = "~Commands.U1=Yes\n";
+  Start(text);
+  ExpectRange(1092, -10000, 10000);
+}
+
 TEST_F(DevModeValidate, TopOfFormIsZeroWhereTheModelSaysNothing) {
   ModelText text;
   text.Model = "Resolution=203\n";

@@ -136,6 +136,18 @@ TEST_F(SettingsReset, OptionsAreForgottenAndTheModelsFiguresWithThem) {
   EXPECT_FALSE(TrueStore().GetKeyInfo("Settings:", nullptr, nullptr));
 }
 
+TEST_F(SettingsReset, DefaultDevModeIsTheModelsWithoutTheOptionsThatWent) {
+  DriverOptions options;
+  options.Bind(Session->Model);
+  const uint32_t before = Session->DevModeBuffer.GetResolution();
+  options.SetOverride(true);
+  options.SetXResolution(600);
+  options.SetYResolution(600);
+  ASSERT_TRUE(options.Commit());
+  Session->ResetSettings(kSectionOptions | kSectionDefaultDevMode);
+  EXPECT_EQ(before, Session->DevModeBuffer.GetResolution());
+}
+
 TEST_F(SettingsReset, UserFormThatLayAmongTheOptionsGoesToo) {
   Session->GetStock().GetFirst()->Width = 12345;
   Session->Save();

@@ -44,6 +44,46 @@ TEST_F(SettingsTransfer, AnotherPrinterOfTheModelGetsTheSameBranches) {
   EXPECT_EQ("", DumpDifference(text, Exported(kAllSections, "second.sds")));
 }
 
+// What only the options in the same file make possible: a resolution and a width that the model
+// hasn't.
+TEST_F(SettingsTransfer, PresetsAndDefaultAreBroughtInsideTheFilesOwnOptions) {
+  DriverOptions options;
+  options.Bind(Session->Model);
+  options.SetOverride(true);
+  options.SetXResolution(600);
+  options.SetYResolution(600);
+  options.SetPrintableWidth(160000);
+  options.SetMinimumPageWidth(10000);
+  options.SetMaximumPageWidth(160000);
+  options.SetMinimumPageLength(5000);
+  options.SetMaximumPageLength(500000);
+  ASSERT_TRUE(options.Commit());
+  StockList& stock = Session->GetStock();
+  AddStockTo(&stock, "Broad", 150000, 25000);
+  stock.Normalize();
+  PresetItem* preset = AddPresetTo(&Session->GetPresets(), Session->Model, "Fine", 1, "");
+  preset->Block.SetStock(ToPaperForm(*stock.FindByName("Broad")));
+  StockPapers papers(Session->Model, &stock);
+  for (DevMode* block : {&preset->Block, &Session->DevModeBuffer}) {
+    block->SetResolution(600 << 16 | 600);
+    block->Validate(Session->Model, &papers);
+    ASSERT_EQ(uint32_t{600 << 16 | 600}, block->GetResolution());
+  }
+  Session->Save();
+  Exported(kAllSections);
+
+  Install(FullModelText());
+  TakeFile();
+  const PresetItem* taken = nullptr;
+  for (const PresetItem* item = Session->GetPresets().GetFirst(); item; item = item->GetNext()) {
+    if (item->Name == "Fine") taken = item;
+  }
+  ASSERT_NE(nullptr, taken);
+  EXPECT_EQ(uint32_t{600 << 16 | 600}, taken->Block.GetResolution());
+  EXPECT_EQ("Broad", taken->Block.GetFormName());
+  EXPECT_EQ(uint32_t{600 << 16 | 600}, Session->DevModeBuffer.GetResolution());
+}
+
 TEST_F(SettingsTransfer, PrinterOfAnotherNameGetsThemUnderItsOwn) {
   FillAll();
   Exported(kAllSections);

@@ -104,6 +104,7 @@ TEST_F(StockListTest, NumberIsFound) {
 
 TEST_F(StockListTest, PaperSize10LooksForTheUserForm) {
   Declare(kFieldPaperSize);
+  List.GetAt(1)->PaperId = 10;  // no number that a device mode could mean
   for (const int16_t lower : std::initializer_list<int16_t>{10, 255, 0, -1, INT16_MIN}) {
     Settings.Set(&PublicDevMode::dmPaperSize, lower);
     EXPECT_EQ("USER", Found()) << lower;

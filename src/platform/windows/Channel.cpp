@@ -31,8 +31,7 @@ void PostToChannel(ChannelWindow window, uint32_t message, uintptr_t value) {
   if (!window) return;
   if (channelFunctions) {
     channelFunctions->Post(window, message, value);
-  } else if (window) {
-    // Without a window the message would go to this thread's own queue.
+  } else {
     PostMessageW(static_cast<HWND>(window), message, value, 0);
   }
 }

@@ -111,10 +111,10 @@ void PageSetupPage::KeepStock(const OString& name) {
 void PageSetupPage::OpenAdvanced() {
   if (!Session->Windows) return;
   const OString name = CurrentStock ? CurrentStock->Name : OString();
-  const int32_t result =
-      Session->Windows->RunSheet(Session, Window, Text(IDS_ADVANCED_TITLE), kAdvancedPages);
-  if (result != IDOK || !Window) return;
-  // The options may have changed the model's limits, and with them which stocks can be had.
+  Session->Windows->RunSheet(Session, Window, Text(IDS_ADVANCED_TITLE), kAdvancedPages);
+  if (!Window) return;
+  // The options may have changed the model's limits, and with them which stocks can be had; if they
+  // were applied, in a sheet that was cancelled, too.
   StockList& stock = Session->GetStock();
   CurrentStock = nullptr;
   stock.Normalize();

@@ -1,6 +1,7 @@
 // The Page Setup page in a real window, by the messages that a user causes.
 #include "ui/windows/PageSetupPage.h"
 
+#include "settings/DriverOptions.h"
 #include "settings/SessionEnd.h"
 #include "settings/StockPapers.h"
 #include "tests/ui/windows/PagesFixture.h"
@@ -490,6 +491,29 @@ TEST_F(PageSetupPageTest, AdvancedOpensItsTwoPages) {
   EXPECT_EQ("sheet Advanced *:ADVANCED/USER_COMMANDS *:ADVANCED/DRIVER_OPTIONS", windows.Calls[0]);
   EXPECT_EQ(Page, windows.Owner);
   Session().Windows = nullptr;
+}
+
+TEST_F(PageSetupPageTest, OptionsAppliedInASheetThatIsCancelledCount) {
+  Open();
+  ChooseStock(1);
+  // As the sheet's own pages apply them.
+  DriverOptions options;
+  options.Bind(Session().Model);
+  options.SetOverride(true);
+  options.SetPrintableWidth(40000);
+  options.SetMinimumPageWidth(10000);
+  options.SetMaximumPageWidth(40000);
+  options.SetMinimumPageLength(5000);
+  options.SetMaximumPageLength(500000);
+  ASSERT_TRUE(options.Commit());
+  FakeWindows windows;
+  windows.Result = IDCANCEL;
+  Session().Windows = &windows;
+  Click(Page, IDC_ADVANCED);
+  Session().Windows = nullptr;
+  // The chosen stock is too wide now: its size is cut to what can be printed.
+  EXPECT_EQ("<USER (37.5 mm x 25.0 mm)>;Shelf (50.0 mm x 25.0 mm);Tag (30.0 mm x 20.0 mm)",
+            Lines(Page, IDC_STOCK));
 }
 
 TEST_F(PageSetupPageTest, AboutPageOpensFirstOnceWhereTheMakerWantsIt) {
