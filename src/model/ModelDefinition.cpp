@@ -12,6 +12,7 @@
 #include "model/RecordCache.h"
 #include "model/RecordText.h"
 #include "platform/Module.h"
+#include "store/NumberedEntries.h"
 
 namespace ostvt {
 namespace {
@@ -197,7 +198,8 @@ OString ModelDefinition::GetEncodingDescription(const OString& name) {
   if (Store.GetValueSize(path) >= 0) return Store.ReadString(path, OString());
   SelectContext(Context::kEncodings);
   const OString description = GetStringEx(name);
-  Store.WriteString(path, description);
+  // A longer one could not be read back.
+  if (description.Length() <= kEntryTextUnits) Store.WriteString(path, description);
   return description;
 }
 

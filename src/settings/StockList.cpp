@@ -7,6 +7,7 @@
 #include "core/DriverPath.h"
 #include "model/PrinterModel.h"
 #include "settings/DevMode.h"
+#include "settings/StockNames.h"
 #include "settings/TextCrc.h"
 
 namespace ostvt {
@@ -55,16 +56,15 @@ void StockList::ReplaceUserForm(StockItem* item) {
   AddHead(item);
 }
 
-bool StockList::AddImported(StockItem* item, int32_t* room) {
+bool StockList::AddImported(StockItem* item, StockNames* names) {
   if (item->IsUserForm()) {
     ReplaceUserForm(item);
     return true;
   }
-  if (*room <= 0) {
+  if (!names->Take(item->Name)) {
     delete item;
     return false;
   }
-  --*room;
   AddTail(item);
   return true;
 }

@@ -16,6 +16,7 @@ class DevMode;
 class OFile;
 class OStream;
 class PrinterModel;
+class StockNames;
 
 class StockList : public ObjectList {
  public:
@@ -69,7 +70,7 @@ class StockList : public ObjectList {
   // `item`, a user form, takes the place of the one that is here, whatever its name.
   void ReplaceUserForm(StockItem* item);
   // What an import found. False, with the item deleted, where the store couldn't hold it too.
-  bool AddImported(StockItem* item, int32_t* room);
+  bool AddImported(StockItem* item, StockNames* names);
 };
 
 }  // namespace ostvt

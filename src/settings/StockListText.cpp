@@ -7,7 +7,7 @@
 #include "core/RecordFile.h"
 #include "model/TextRecords.h"
 #include "settings/StockList.h"
-#include "store/NumberedEntries.h"
+#include "settings/StockNames.h"
 
 namespace ostvt {
 namespace {
@@ -53,13 +53,13 @@ int32_t StockList::ImportText(OFile& stream, PrinterModel* model) {
   // Told before the data that it counts for; holds for the records behind as well.
   bool isProtected = false;
   int32_t count = 0;
-  int32_t room = kEntryLimit - GetCount();
+  StockNames names(*this);
   for (Line line = reader.Next(); line != Line::kEnd; line = reader.Next()) {
     if (line == Line::kOpening) {
       item.reset(new StockItem);
     } else if (line == Line::kClosing) {
       if (item->Name.IsEmpty()) continue;
-      if (AddImported(item.release(), &room)) ++count;
+      if (AddImported(item.release(), &names)) ++count;
     } else if (reader.Key == kName) {
       item->Name = reader.Value;
     } else if (reader.Key == kProtected) {
@@ -76,7 +76,7 @@ int32_t StockList::ImportBinary(OFile& stream) {
   RecordFile file(stream, kBinarySignature, kMinimumRecord);
   if (!file.IsValid()) return 0;
   int32_t count = 0;
-  int32_t room = kEntryLimit - GetCount();
+  StockNames names(*this);
   while (file.Next()) {
     auto item = std::make_unique<StockItem>();
     CopyBytes(&item->Data(), file.Record.Data, sizeof(StockData));
@@ -84,7 +84,7 @@ int32_t StockList::ImportBinary(OFile& stream) {
                            static_cast<int>(file.Record.Size - kBinaryNameOffset));
     if (item->Name.IsEmpty()) continue;
     item->Flags = (item->Flags & ~kStockOfModel) | kStockRemovable;
-    if (AddImported(item.release(), &room)) ++count;
+    if (AddImported(item.release(), &names)) ++count;
   }
   Normalize();
   return count;

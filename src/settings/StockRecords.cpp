@@ -6,6 +6,7 @@
 #include "core/Memory.h"
 #include "model/PrinterModel.h"
 #include "settings/StockList.h"
+#include "settings/StockNames.h"
 
 namespace ostvt {
 namespace {
@@ -67,6 +68,8 @@ int32_t UpdateStock(StockList* list, const void* record) {
 bool AddStock(StockList* list, const char16_t* name) {
   PrinterModel* model = list->Model;
   if (!name || !model) return false;
+  // The store would refuse the whole list.
+  if (!StockNames(*list).Take(name)) return false;
   const int32_t margin = model->GetEdgeAllowance().ToMicrons();
   auto* item = new StockItem;
   item->Name = OString(name);

@@ -235,6 +235,16 @@ TEST_F(ModelDefinitionTest, EncodingDescriptionIsReadOnceAndKeptInTheStore) {
   EXPECT_STREQ(model.GetEncodingDescription("Latin/1").GetNarrow(), "");
 }
 
+TEST_F(ModelDefinitionTest, EncodingDescriptionThatCouldNotBeReadBackIsNotKept) {
+  const std::string text(5000, 'x');
+  DefineChain("Font=Font:F\n");
+  Define("Font.d", "[F]\nEncodings=Encodings:E\n");
+  Define("Encodings.d", "[E]\nLong.Description=" + text + "\n");
+  PrinterModel& model = InstallAndOpen();
+  for (int i = 0; i < 2; ++i) EXPECT_EQ(text, model.GetEncodingDescription("Long").GetNarrow());
+  EXPECT_EQ(model.GetStore().GetValueSize("MODEL:FontEncodings/Long.Description"), -1);
+}
+
 TEST_F(ModelDefinitionTest, DriverInfoLayout) {
   const std::vector<uint8_t> bytes = BytesOf(*InstallAndOpen().GetDriverInfo());
   const std::vector<uint8_t> expected = {24,  0,   6,   0, 7, 0,    4, 0, 1, 0, 0, 0,

@@ -165,6 +165,18 @@ TEST_F(StockRecords, AddedStockReplacesARemovableOneOfItsName) {
   EXPECT_EQ(102540, List.GetAt(2)->Width);
 }
 
+TEST_F(StockRecords, OneMoreThanTheStoreHoldsIsNotAdded) {
+  for (int i = List.GetCount(); i < 10000; ++i) {
+    auto* item = new StockItem;
+    item->Name = ("S" + std::to_string(i)).c_str();
+    List.AddTail(item);
+  }
+  EXPECT_FALSE(AddStock(&List, u"One more"));
+  EXPECT_EQ(10000, List.GetCount());  // with the user form
+  EXPECT_TRUE(AddStock(&List, u"S5000"));
+  EXPECT_EQ(10000, List.GetCount());
+}
+
 TEST_F(StockRecords, AddNeedsANameAndAModel) {
   const std::string before = ContentOf(List);
   EXPECT_FALSE(AddStock(&List, nullptr));
