@@ -16,6 +16,9 @@ LibraryHandle OpenLibrary(const char16_t* path) {
   HMODULE library =
       LoadLibraryExW(AsWide(path), nullptr,
                      hasDirectory ? LOAD_WITH_ALTERED_SEARCH_PATH : LOAD_LIBRARY_SEARCH_SYSTEM32);
+  // Systems older than that flag refuse it.
+  if (!library && !hasDirectory && GetLastError() == ERROR_INVALID_PARAMETER)
+    library = LoadLibraryExW(AsWide(path), nullptr, 0);
   SetThreadErrorMode(before, nullptr);
   return library;
 }
