@@ -112,7 +112,8 @@ int32_t OSTVT_API X16_LZ77_RawDecode(const void* input, uint32_t inputLength, vo
                                      uint32_t* length);
 uint16_t OSTVT_API X16_CRC16(const void* data, uint32_t length, uint16_t seed);
 uint32_t OSTVT_API X16_CRC32(const void* data, uint32_t length, uint32_t seed);
-// Times are FILETIME records; each may be null.
+// Times are FILETIME records; each may be null. 1, or 0 with nothing set. One that can't be told
+// stays as it is.
 int32_t OSTVT_API X16_OFile_GetTime(const char16_t* path, void* created, void* accessed,
                                     void* written);
 int32_t OSTVT_API X16_OFile_SetTime(const char16_t* path, const void* created, const void* accessed,

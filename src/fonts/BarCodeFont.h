@@ -18,7 +18,8 @@ inline constexpr uint16_t kHumanReadableAbove = 2;
 // What setters are given is brought to what their fields hold.
 class BarCodeFont : public DataFont {
  public:
-  // Code 39, 65 mils high, the narrow bar 15 mils, in dots of `resolution`.
+  // Code 39, 65 mils high, the narrow bar 15 mils, in dots of `resolution`, which
+  // is in dots per inch; no dots at one that is none, as with Rescale.
   explicit BarCodeFont(uint32_t resolution = DataFontHeader().Resolution);
   std::unique_ptr<DataFont> Clone() const override;
 

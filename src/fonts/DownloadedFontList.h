@@ -21,7 +21,7 @@ class DownloadedFontList : public ObjectList {
   // dropped. Null: stays empty.
   void Load(PrinterModel* model);
   // Always writes; values of fonts behind the last one stay, unread. False if the store took it
-  // not.
+  // not, and without a write for more fonts than it holds, 9999.
   bool Save(PrinterModel* model) const;
   // All fonts as text; how many.
   int32_t WriteText(OStream& stream) const;

@@ -22,9 +22,9 @@ class OptionalFontTable {
   // Empties the table and reads what the store has. Null: stays empty.
   void Load(PrinterModel* model);
   // True if it wrote, and the model has the expansion fonts of ApplyExpansionFonts then; false if
-  // nothing had changed since Load or Save, or if the store took it not: the next call then tries
-  // again. What IsKeyName (FontRecords.h) refuses isn't stored, and of fonts whose names differ in
-  // case alone the last one is.
+  // nothing had changed since Load or Save, or if the store took the fonts or those groups not: the
+  // next call then tries again. What IsKeyName (FontRecords.h) refuses isn't stored, and of fonts
+  // whose names differ in case alone the last one is.
   bool Save(PrinterModel* model);
   // All records as text; how many.
   int32_t WriteText(OStream& stream) const;

@@ -54,7 +54,8 @@ bool EnumerateValue(KeyHandle key, int index, char16_t (&name)[kNameUnits]);
 // Counts may be null. False if the key does not exist (any more).
 bool QueryKey(KeyHandle key, int* subKeys, int* values);
 // True if the sub-key `name` of `parent` is a link to another key, or if that can't be told. It may
-// lead anywhere, so whoever takes a whole branch must not follow it. Linux has none.
+// lead anywhere, so whoever takes a whole branch must not follow it. A missing key is none; Linux
+// has none.
 bool IsLink(KeyHandle parent, const char16_t* name);
 // The sub-key `name` of `parent`, with its values; it must have no sub-keys itself. Of a link, the
 // link itself. "" deletes nothing.

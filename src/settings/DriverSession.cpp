@@ -78,14 +78,20 @@ void DriverSession::LoadSettings() {
 bool DriverSession::Save() {
   if (!Model) return false;
   bool done = true;
-  // A list that had nothing to write, or was refused, saved nothing; the refused one is as changed
-  // as before.
-  if (PresetsLoaded && !Presets.Save(Model)) done &= !Presets.HasChanged();
-  if (StockLoaded && !Stock.Save(Model)) done &= !Stock.HasChanged();
+  // These tell whether they wrote; one that was refused is as changed as before.
+  if (PresetsLoaded) {
+    Presets.Save(Model);
+    done &= !Presets.HasChanged();
+  }
+  if (StockLoaded) {
+    Stock.Save(Model);
+    done &= !Stock.HasChanged();
+  }
   done &= DownloadedFonts.Save(Model);
   done &= DataFonts.Save(Model);
   done &= FontMappings.Save(Model);
-  if (!OptionalFonts.Save(Model)) done &= !OptionalFonts.HasChanged();
+  OptionalFonts.Save(Model);
+  done &= !OptionalFonts.HasChanged();
   done &= StoreDefaultDevMode();
   if (!NoShadowPush) Link.PushShadow();
   return done;

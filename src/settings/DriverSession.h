@@ -99,7 +99,8 @@ class DriverSession {
   void Initialize(platform::PrinterHandle printerHandle, const DevMode* inputDevMode,
                   uint32_t flags, const OString& printerName = OString());
   // Writes what changed to the store, and the device mode as the one that new sessions begin with.
-  // False if the store didn't take all of it.
+  // False without a model, and if the store didn't take all of it; what a server makes of it
+  // doesn't count.
   bool Save();
   // Reads the lists anew; the device mode, the optional fonts and the custom character sets stay.
   void Reload();

@@ -1,5 +1,6 @@
 // The names of a stock list that takes in many stocks at once: one whose name is there takes
-// another's place, and needs no room in the store.
+// another's place, and needs no room in the store. Stocks of the printer and of its model count
+// together.
 #pragma once
 
 #include <vector>
@@ -14,14 +15,16 @@ class StockNames {
  public:
   explicit StockNames(const StockList& list) {
     for (const StockItem* item = list.GetFirst(); item; item = item->GetNext()) {
-      if (!item->IsUserForm()) Add(item->Name);
+      Add(item->Name);
+      // It lies elsewhere in the store.
+      if (item->IsUserForm()) ++Limit;
     }
   }
   // Makes `name` one of them. False when the store couldn't hold it too.
   bool Take(const OString& name) {
     const auto isSame = [&](int32_t place) { return Names[static_cast<size_t>(place)] == name; };
     if (Index.Find(name, isSame) >= 0) return true;
-    if (Names.size() >= kEntryLimit) return false;
+    if (Names.size() >= Limit) return false;
     Add(name);
     return true;
   }
@@ -34,6 +37,7 @@ class StockNames {
 
   NameIndex Index;
   std::vector<OString> Names;
+  size_t Limit = kEntryLimit;
 };
 
 }  // namespace ostvt

@@ -41,8 +41,8 @@ int32_t EnumerateStockByName(const StockList& list, const char16_t* name, void* 
 // name. 1, also when they couldn't be saved; 0 if there is none, -1 without a record.
 int32_t UpdateStock(StockList* list, const void* record);
 // A new stock of the model's default size. False without a name or without a model, and when the
-// store has no room for another name. True also when it couldn't be saved, and when a stock of that
-// name stays in its place (see Normalize).
+// store has no room for another name (see StockNames). True also when it couldn't be saved, and
+// when a stock of that name stays in its place (see Normalize).
 bool AddStock(StockList* list, const char16_t* name);
 // Whatever the stock's Flags. False if there is none; true also when that couldn't be saved.
 bool RemoveStock(StockList* list, int32_t index);

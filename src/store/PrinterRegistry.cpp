@@ -136,6 +136,7 @@ void PrinterRegistry::ResolveUnits(std::u16string* path) const {
   SubstituteAlias(path, {"DRIVER_INFO:", DriverInfoTarget()});
   for (const Alias& alias : kAliases) SubstituteAlias(path, alias);
   const bool endsOpen = path->ends_with(u'/');
+  const bool endedTwice = path->ends_with(u"//");
   const std::pair<std::u16string_view, const OString&> macros[] = {{u"[PRINTER]", PrinterName},
                                                                    {u"[MODEL]", ModelName},
                                                                    {u"[PORT]", PortName},
@@ -146,7 +147,7 @@ void PrinterRegistry::ResolveUnits(std::u16string* path) const {
   SubstituteMacro(path, u"[OEM]", OemCode);
   // A key whose last element is the name of nobody would be the one above, which all printers
   // share. Opening passes over what separates at the end, however much it is.
-  if (path->ends_with(endsOpen ? u"//" : u"/")) path->clear();
+  if (!endedTwice && path->ends_with(endsOpen ? u"//" : u"/")) path->clear();
   ORegistry::ResolveUnits(path);
 }
 

@@ -158,6 +158,21 @@ TEST_F(SheetResults, CancelRestoresTheDevModeAsItStoodAtTheStart) {
   EXPECT_EQ(host.Destroy(), 1);
 }
 
+// OK with edited copies on one block, then cancel. Gives the device mode as it stood at the start.
+std::vector<uint8_t> ApplyThenCancel(DocumentPropertyHeader header, GuardedBlock* both) {
+  std::vector<uint8_t> before(1516);
+  SheetHost host(DrvDocumentPropertySheets, &header);
+  EXPECT_EQ(host.Init(), 1);
+  DevMode& devMode = SessionOf(&host.Info)->DevModeBuffer;
+  EXPECT_EQ(devMode.CopyTo(before.data(), 1516), 1516u);
+  devMode.SetCopies(77);
+  EXPECT_EQ(host.SetResult(1), 1);
+  EXPECT_EQ(both->Word(kAtCopies), 77);
+  EXPECT_EQ(host.SetResult(0), 1);
+  EXPECT_EQ(host.Destroy(), 1);
+  return before;
+}
+
 TEST_F(SheetResults, CancelStaysInsideOneBlock) {
   AddPrinter();
   GuardedBlock both(188 + 10, 0);
@@ -165,18 +180,11 @@ TEST_F(SheetResults, CancelStaysInsideOneBlock) {
   both.PutWord(kAtSize, 188);
   both.PutWord(kAtExtra, 10);
   memset(both.Data() + 188, 0x5C, 10);
-  DocumentPropertyHeader header = DocumentHeader(2, both.Data(), both.Data());
-  SheetHost host(DrvDocumentPropertySheets, &header);
-  ASSERT_EQ(host.Init(), 1);
-  Edit(host, 77);
-  EXPECT_EQ(host.SetResult(1), 1);
-  EXPECT_EQ(both.Word(kAtCopies), 77);
-  EXPECT_EQ(host.SetResult(0), 1);
+  ApplyThenCancel(DocumentHeader(2, both.Data(), both.Data()), &both);
   EXPECT_EQ(both.Word(kAtCopies), 1);
   EXPECT_EQ(both.Word(kAtSize), 188);
   EXPECT_EQ(both.Word(kAtExtra), 10);
   for (size_t i = 188; i < 198; i++) EXPECT_EQ(both.Data()[i], 0x5C);
-  EXPECT_EQ(host.Destroy(), 1);
 }
 
 // Merging would keep a resolution that the caller's other printer name makes invalid.
@@ -184,17 +192,9 @@ TEST_F(SheetResults, CancelRestoresOneBlockOfTheWholeSizeByteForByte) {
   AddPrinter();
   GuardedBlock both(DriverDefault());
   both.PutWord(0, u'X');
-  DocumentPropertyHeader header = DocumentHeader(2, both.Data(), both.Data());
-  SheetHost host(DrvDocumentPropertySheets, &header);
-  ASSERT_EQ(host.Init(), 1);
-  std::vector<uint8_t> before(1516);
-  EXPECT_EQ(SessionOf(&host.Info)->DevModeBuffer.CopyTo(before.data(), 1516), 1516u);
-  Edit(host, 77);
-  EXPECT_EQ(host.SetResult(1), 1);
-  EXPECT_EQ(both.Word(kAtCopies), 77);
-  EXPECT_EQ(host.SetResult(0), 1);
+  const std::vector<uint8_t> before =
+      ApplyThenCancel(DocumentHeader(2, both.Data(), both.Data()), &both);
   EXPECT_EQ(both.Copy(), before);
-  EXPECT_EQ(host.Destroy(), 1);
 }
 
 TEST_F(SheetResults, CancelKeepsTheHeadOfOneBlockThatStatesMore) {
@@ -203,17 +203,10 @@ TEST_F(SheetResults, CancelKeepsTheHeadOfOneBlockThatStatesMore) {
   bytes.resize(220 + 2000, 0x5C);
   GuardedBlock both(bytes);
   both.PutWord(kAtExtra, 2000);
-  DocumentPropertyHeader header = DocumentHeader(2, both.Data(), both.Data());
-  SheetHost host(DrvDocumentPropertySheets, &header);
-  ASSERT_EQ(host.Init(), 1);
-  Edit(host, 77);
-  EXPECT_EQ(host.SetResult(1), 1);
-  EXPECT_EQ(both.Word(kAtCopies), 77);
-  EXPECT_EQ(host.SetResult(0), 1);
+  ApplyThenCancel(DocumentHeader(2, both.Data(), both.Data()), &both);
   EXPECT_EQ(both.Word(kAtCopies), 1);
   EXPECT_EQ(both.Word(kAtExtra), 2000);
   for (size_t i = 1516; i < 2220; i++) ASSERT_EQ(both.Data()[i], 0x5C) << i;
-  EXPECT_EQ(host.Destroy(), 1);
 }
 
 TEST_F(SheetResults, AppliedSettingsOutliveACancelInAHostThatIsDeafToTheApply) {

@@ -95,6 +95,7 @@ QRCode.StructuredAppend=No
 
 ! The mobile printers choose shape and mask of a code themselves.
 [Mobile]
+! Its text comes in one size, so that no digit stands apart.
 UPC-A.SplitDigit=None
 MSI=No
 DataMatrix=Yes

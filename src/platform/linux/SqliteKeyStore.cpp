@@ -189,7 +189,7 @@ bool QueryKey(KeyHandle key, int* subKeys, int* values) {
   return true;
 }
 
-bool IsLink(KeyHandle, const char16_t*) { return false; }
+bool IsLink(KeyHandle parent, const char16_t* name) { return !parent || !name || !*name; }
 
 bool DeleteKey(KeyHandle parent, const char16_t* name) {
   std::u16string_view element = name ? name : u"";

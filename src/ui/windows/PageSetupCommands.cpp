@@ -6,6 +6,7 @@
 #include "settings/DevModeOverlay.h"
 #include "settings/DriverSession.h"
 #include "settings/SessionEnd.h"
+#include "settings/StockNames.h"
 #include "settings/StockPapers.h"
 #include "ui/StockEditorRules.h"
 #include "ui/StockOfDevMode.h"
@@ -87,6 +88,10 @@ void PageSetupPage::NewStock() {
   made.Name = FreeStockName(stock, Text(IDS_STOCK_NEW_NAME));
   if (!RunStockEditor(&made)) return;
   FitStockWidth(ReadStockLimits(*Session->Model), &made);
+  if (!StockNames(stock).Take(made.Name)) {
+    ShowFailure(Text(IDS_STOCK_NOT_SAVED));
+    return;
+  }
   auto* item = new StockItem;
   item->Data() = made.Data();
   item->Name = made.Name;
@@ -101,11 +106,10 @@ void PageSetupPage::KeepStock(const OString& name) {
   CurrentStock = nullptr;
   stock.Normalize();
   stock.Save(Session->Model);
-  if (stock.HasChanged()) ShowFailure(Text(IDS_STOCK_NOT_SAVED));
-  if (!Window) return;
   StockItem* item = FindStockName(stock, name);
   if (item) MakeCurrent(item, item->Data());
   StockListMark = PreviewMark = StockControlsMark = true;
+  if (stock.HasChanged()) ShowFailure(Text(IDS_STOCK_NOT_SAVED));
 }
 
 void PageSetupPage::OpenAdvanced() {
